@@ -1,0 +1,23 @@
+#include "cli/Commands.h"
+
+namespace rovanel::cli {
+
+// Subcommands, declared by their files.
+int runInfo(const std::vector<std::string>& args);
+
+const std::vector<Command>& commands()
+{
+    static const std::vector<Command> table = {
+        {"info", "info DIR", runInfo},
+    };
+    return table;
+}
+
+std::string usageText()
+{
+    std::string text = "usage:\n";
+    for (const Command& c : commands()) text += std::string("  rvcli ") + c.usage + "\n";
+    return text;
+}
+
+}  // namespace rovanel::cli

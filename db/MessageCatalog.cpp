@@ -1,0 +1,40 @@
+#include "db/MessageCatalog.h"
+
+#include <utility>
+
+#include "db/Cp1250.h"
+
+namespace rovanel {
+
+std::vector<std::string> messageCatalogLines()
+{
+    std::vector<std::string> lines(msg::kLineCount, "NULL");
+    // Written in UTF-8 here for readability; MSG.DAT holds Windows-1250.
+    const std::pair<int, const char*> texts[] = {
+        {0, "Rovanel üzenetek"},
+        {msg::kDescriptionTitle, "Készítmény:"},
+        {msg::kKhCaption72, "Kölcsönhatás - ATC"},
+        {msg::kKhCodeLineTooLong, "Hibás kód a gyógyszer leírásában: a kódsor 10 karakternél hosszabb."},
+        {msg::kKhCaption70, "Hibás adatbázis"},
+        {msg::kKhTooManyFound, "A csoportba 600-nál több gyógyszer tartozik, csak az első 600 látszik!"},
+        {msg::kKhCaptionLimits, "Kölcsönhatás vizsgálat"},
+        {msg::kKhTooManyCareful, "Egy gyógyszernél 100-nál több óvatossági kód van, a vizsgálat leáll."},
+        {msg::kKhTooManyPooledCareful, "A szedett gyógyszerek óvatossági kódjai 400-nál többen vannak, a vizsgálat leáll."},
+        {msg::kKhTooManyAvoid, "Egy gyógyszernél 100-nál több kerülendő kód van, a vizsgálat leáll."},
+        {msg::kKhTooManyPooledAvoid, "A szedett gyógyszerek kerülendő kódjai 400-nál többen vannak, a vizsgálat leáll."},
+        {msg::kKhReportHeading, "Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:"},
+        {msg::kKhCarefulPhrase, "Óvatosan adhatók együtt!"},
+        {msg::kKhAvoidPhrase, "Együttadásuk kerülendő!"},
+        {msg::kKhNothingFound, "A vizsgálat nem talált kölcsönhatást és ellenjavallatot."},
+        {msg::kKhNothingFoundCaption, "Kölcsönhatás vizsgálat"},
+        {msg::kMhTooMany, "Ehhez a mellékhatáshoz 600-nál több gyógyszer tartozik. Szűkítse a keresést a szedett gyógyszerekre!"},
+        {msg::kMhTooManyCaption, "Mellékhatás keresés"},
+        {msg::kMhNone, "Ehhez a mellékhatáshoz nem tartozik gyógyszer."},
+        {msg::kMhCaption, "Mellékhatás keresés"},
+        {msg::kMhNoneAmongTaken, "A szedett gyógyszerek közül egyik sem okozhatja ezt a mellékhatást."},
+    };
+    for (const auto& [line, text] : texts) lines[line] = utf8ToCp1250(text);
+    return lines;
+}
+
+}  // namespace rovanel

@@ -1,0 +1,55 @@
+// Text helpers shared by every reader of the data directory. All text is Windows-1250 bytes.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace rovanel {
+
+// Cuts the text at its first '~' and removes trailing blanks, tabs, CRs and LFs, but never the first
+// character: "\r\n" trims to "\r" and "   " to " ".
+[[nodiscard]] std::string_view trim(std::string_view text);
+
+// Removes leading blanks (only blanks, as the original strip does).
+[[nodiscard]] std::string_view stripLeadingBlanks(std::string_view text);
+
+// Pads with blanks to width - 1 characters, cutting a longer text there (the last byte of a
+// width-byte buffer is its terminator).
+[[nodiscard]] std::string padTo(std::string_view text, std::size_t width);
+
+// Record `index` of equal-length records; a record cut short by the end of the data is no record.
+[[nodiscard]] std::optional<std::string_view> fixedRecord(std::string_view data, std::size_t length,
+                                                          std::size_t index);
+
+// A whole signed decimal number, optionally surrounded by blanks; anything else gives nothing.
+[[nodiscard]] std::optional<std::int64_t> parseInteger(std::string_view text);
+
+// The leading number of a text as scanf's "%ld" reads it: leading white space, an optional sign,
+// digits; stops at the first non-digit. No digits, or overflow of 32 bits, gives nothing.
+[[nodiscard]] std::optional<std::int32_t> scanInteger(std::string_view text, std::size_t* consumed = nullptr);
+
+// Splits data into lines at LF, dropping the LF (a CR before it stays, as in the original text mode
+// on a port; use trim to remove it). A last line without LF counts; an empty tail does not.
+// Calls `visit(line)` for each; stops early when visit returns false.
+template <typename Visit>
+void forEachLine(std::string_view data, Visit&& visit)
+{
+    std::size_t start = 0;
+    while (start < data.size()) {
+        std::size_t end = data.find('\n', start);
+        if (end == std::string_view::npos) end = data.size();
+        if (!visit(data.substr(start, end - start))) return;
+        start = end + 1;
+    }
+}
+
+// True when `text` contains `part`.
+[[nodiscard]] inline bool contains(std::string_view text, std::string_view part)
+{
+    return text.find(part) != std::string_view::npos;
+}
+
+}  // namespace rovanel
