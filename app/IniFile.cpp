@@ -13,8 +13,10 @@
 #include <unistd.h>
 #endif
 
-namespace rovanel {
-namespace {
+namespace rovanel
+{
+namespace
+{
 
 std::string_view stripBlanks(std::string_view text)
 {
@@ -60,7 +62,8 @@ std::vector<Line> splitLines(std::string_view content)
     while (start < content.size()) {
         std::size_t newline = content.find('\n', start);
         const std::size_t next = newline == std::string_view::npos ? content.size() : newline + 1;
-        std::string_view text = content.substr(start, (newline == std::string_view::npos ? content.size() : newline) - start);
+        std::string_view text =
+            content.substr(start, (newline == std::string_view::npos ? content.size() : newline) - start);
         if (!text.empty() && text.back() == '\r') text.remove_suffix(1);
         lines.push_back({text, start, next});
         start = next;
@@ -84,7 +87,8 @@ std::optional<std::string> findProfileValue(std::string_view content, std::strin
         if (equals == std::string_view::npos) continue;
         if (!sameName(stripBlanks(line.text.substr(0, equals)), key)) continue;
         std::string_view value = stripBlanks(line.text.substr(equals + 1));
-        if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front())
+        if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+            value.back() == value.front())
             value = value.substr(1, value.size() - 2);
         return std::string(value);
     }
@@ -119,7 +123,8 @@ std::string setProfileValue(std::string_view content, std::string_view section, 
     if (sectionEnd) {
         // A last line without its line end gets one before the new key.
         std::string insert = newLine;
-        if (*sectionEnd == content.size() && !content.empty() && content.back() != '\n') insert = "\r\n" + insert;
+        if (*sectionEnd == content.size() && !content.empty() && content.back() != '\n')
+            insert = "\r\n" + insert;
         result.insert(*sectionEnd, insert);
         return result;
     }
@@ -128,8 +133,8 @@ std::string setProfileValue(std::string_view content, std::string_view section, 
     return result;
 }
 
-std::string readProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
-                              std::string_view defaultValue, std::size_t bufferSize)
+std::string readProfileString(const std::filesystem::path& file, std::string_view section,
+                              std::string_view key, std::string_view defaultValue, std::size_t bufferSize)
 {
     std::string value(defaultValue);
     if (const auto content = readWholeFile(file))

@@ -9,7 +9,8 @@
 #include <string>
 #include <string_view>
 
-namespace rovanel {
+namespace rovanel
+{
 
 // The value of `key` in `section`, or `defaultValue` when the file, section or key is missing.
 // The value is cut to `bufferSize` - 1 bytes, as a fixed read buffer would cut it.

@@ -4,7 +4,8 @@
 
 #include "app/IniFile.h"
 
-namespace rovanel {
+namespace rovanel
+{
 
 std::filesystem::path userConfigDirectory()
 {
@@ -19,10 +20,7 @@ std::filesystem::path userConfigDirectory()
     return std::filesystem::path(".rovanel");
 }
 
-std::filesystem::path userIniPath()
-{
-    return userConfigDirectory() / "RV.INI";
-}
+std::filesystem::path userIniPath() { return userConfigDirectory() / "RV.INI"; }
 
 std::filesystem::path settingsFilePath(const std::filesystem::path& dataDirectory)
 {

@@ -6,7 +6,8 @@
 #include <filesystem>
 #include <string>
 
-namespace rovanel {
+namespace rovanel
+{
 
 [[nodiscard]] std::filesystem::path userConfigDirectory();
 

@@ -1,14 +1,21 @@
 #include "cli/Commands.h"
 
-namespace rovanel::cli {
+namespace rovanel::cli
+{
 
 // Subcommands, declared by their files.
 int runInfo(const std::vector<std::string>& args);
+int runNames(const std::vector<std::string>& args);
+int runLocate(const std::vector<std::string>& args);
+int runProductsOf(const std::vector<std::string>& args);
 
 const std::vector<Command>& commands()
 {
     static const std::vector<Command> table = {
         {"info", "info DIR", runInfo},
+        {"names", "names DIR [--nutrition]", runNames},
+        {"locate", "locate DIR P", runLocate},
+        {"products-of", "products-of DIR atc|contra|ingredient|side-effect K", runProductsOf},
     };
     return table;
 }

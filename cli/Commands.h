@@ -4,7 +4,8 @@
 #include <string>
 #include <vector>
 
-namespace rovanel::cli {
+namespace rovanel::cli
+{
 
 struct Command {
     const char* name;

@@ -8,7 +8,8 @@
 #include "db/DataFile.h"
 #include "db/Text.h"
 
-namespace rovanel::cli {
+namespace rovanel::cli
+{
 
 int usageError(const char* usage)
 {
@@ -49,9 +50,6 @@ std::optional<long long> numberArgument(std::string_view text)
     return *value;
 }
 
-std::string toUtf8(std::string_view cp1250)
-{
-    return cp1250ToUtf8(cp1250);
-}
+std::string toUtf8(std::string_view cp1250) { return cp1250ToUtf8(cp1250); }
 
 }  // namespace rovanel::cli

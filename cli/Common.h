@@ -8,7 +8,8 @@
 
 #include "db/StartupTables.h"
 
-namespace rovanel::cli {
+namespace rovanel::cli
+{
 
 // Prints "rvcli: usage: rvcli <usage>" to stderr and returns exit code 2.
 int usageError(const char* usage);

@@ -4,7 +4,8 @@
 #include "cli/Common.h"
 #include "db/StartupTables.h"
 
-namespace rovanel::cli {
+namespace rovanel::cli
+{
 
 int runInfo(const std::vector<std::string>& args)
 {

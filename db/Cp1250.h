@@ -4,7 +4,8 @@
 #include <string>
 #include <string_view>
 
-namespace rovanel {
+namespace rovanel
+{
 
 // Every byte maps to one character; the five bytes the code page leaves undefined become U+FFFD.
 [[nodiscard]] std::string cp1250ToUtf8(std::string_view text);

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <system_error>
 
-namespace rovanel {
-namespace {
+namespace rovanel
+{
+namespace
+{
 
 bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b)
 {
@@ -26,7 +28,8 @@ std::filesystem::path dataFilePath(const std::filesystem::path& directory, std::
     std::filesystem::path exact = directory / std::filesystem::path(std::string(name));
     std::error_code error;
     if (std::filesystem::exists(exact, error)) return exact;
-    for (std::filesystem::directory_iterator it(directory, error), end; !error && it != end; it.increment(error)) {
+    for (std::filesystem::directory_iterator it(directory, error), end; !error && it != end;
+         it.increment(error)) {
         const std::string entry = it->path().filename().string();
         if (equalsIgnoringAsciiCase(entry, name)) return it->path();
     }

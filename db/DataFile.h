@@ -8,17 +8,20 @@
 #include <string>
 #include <string_view>
 
-namespace rovanel {
+namespace rovanel
+{
 
 // `name` inside `directory`; when no file of exactly that name exists, the first entry whose name equals
 // it case-insensitively (ASCII) is taken, so "GY.FUL" finds "gy.ful".
-[[nodiscard]] std::filesystem::path dataFilePath(const std::filesystem::path& directory, std::string_view name);
+[[nodiscard]] std::filesystem::path dataFilePath(const std::filesystem::path& directory,
+                                                 std::string_view name);
 
 // The whole file, or nothing when it cannot be opened or read.
 [[nodiscard]] std::optional<std::string> readWholeFile(const std::filesystem::path& path);
 
 // A file open for positioned reads within one user action; closed by the destructor.
-class DataFile {
+class DataFile
+{
 public:
     DataFile() = default;
     explicit DataFile(const std::filesystem::path& path);

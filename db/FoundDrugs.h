@@ -7,7 +7,8 @@
 #include <cstdint>
 #include <vector>
 
-namespace rovanel {
+namespace rovanel
+{
 
 struct FoundDrug {
     std::int32_t record = -1;
@@ -18,7 +19,8 @@ struct FoundDrug {
 // Growable, so that a listing without a limit (the drug list window's same-ATC fill) never overflows;
 // the limits of 600 are the writers' own. "Empty" means no entries; readers stop at the first negative
 // record number, as the original's end marker -1 makes them stop.
-class FoundDrugTable {
+class FoundDrugTable
+{
 public:
     void clear() { m_entries.clear(); }
     void append(FoundDrug entry) { m_entries.push_back(entry); }

@@ -3,7 +3,8 @@
 
 #include <string>
 
-namespace rovanel {
+namespace rovanel
+{
 
 enum class MessageIcon { None, Information, Warning, Stop };
 

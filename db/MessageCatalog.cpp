@@ -4,7 +4,8 @@
 
 #include "db/Cp1250.h"
 
-namespace rovanel {
+namespace rovanel
+{
 
 std::vector<std::string> messageCatalogLines()
 {
@@ -19,15 +20,19 @@ std::vector<std::string> messageCatalogLines()
         {msg::kKhTooManyFound, "A csoportba 600-nál több gyógyszer tartozik, csak az első 600 látszik!"},
         {msg::kKhCaptionLimits, "Kölcsönhatás vizsgálat"},
         {msg::kKhTooManyCareful, "Egy gyógyszernél 100-nál több óvatossági kód van, a vizsgálat leáll."},
-        {msg::kKhTooManyPooledCareful, "A szedett gyógyszerek óvatossági kódjai 400-nál többen vannak, a vizsgálat leáll."},
+        {msg::kKhTooManyPooledCareful,
+         "A szedett gyógyszerek óvatossági kódjai 400-nál többen vannak, a vizsgálat leáll."},
         {msg::kKhTooManyAvoid, "Egy gyógyszernél 100-nál több kerülendő kód van, a vizsgálat leáll."},
-        {msg::kKhTooManyPooledAvoid, "A szedett gyógyszerek kerülendő kódjai 400-nál többen vannak, a vizsgálat leáll."},
+        {msg::kKhTooManyPooledAvoid,
+         "A szedett gyógyszerek kerülendő kódjai 400-nál többen vannak, a vizsgálat leáll."},
         {msg::kKhReportHeading, "Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:"},
         {msg::kKhCarefulPhrase, "Óvatosan adhatók együtt!"},
         {msg::kKhAvoidPhrase, "Együttadásuk kerülendő!"},
         {msg::kKhNothingFound, "A vizsgálat nem talált kölcsönhatást és ellenjavallatot."},
         {msg::kKhNothingFoundCaption, "Kölcsönhatás vizsgálat"},
-        {msg::kMhTooMany, "Ehhez a mellékhatáshoz 600-nál több gyógyszer tartozik. Szűkítse a keresést a szedett gyógyszerekre!"},
+        {msg::kMhTooMany,
+         "Ehhez a mellékhatáshoz 600-nál több gyógyszer tartozik. Szűkítse a keresést a szedett "
+         "gyógyszerekre!"},
         {msg::kMhTooManyCaption, "Mellékhatás keresés"},
         {msg::kMhNone, "Ehhez a mellékhatáshoz nem tartozik gyógyszer."},
         {msg::kMhCaption, "Mellékhatás keresés"},

@@ -5,10 +5,12 @@
 #include <string>
 #include <vector>
 
-namespace rovanel {
+namespace rovanel
+{
 
 // Line numbers of the message table that the code uses.
-namespace msg {
+namespace msg
+{
 inline constexpr int kDescriptionTitle = 1;
 // 2..49: description builder phrases and labels (see db/DescriptionBuilder.cpp)
 inline constexpr int kKhCaption72 = 69;

@@ -2,7 +2,8 @@
 
 #include "db/Text.h"
 
-namespace rovanel {
+namespace rovanel
+{
 
 MessageTable MessageTable::parse(std::string_view fileContent)
 {
@@ -28,9 +29,6 @@ std::string_view MessageTable::at(std::size_t line) const
     return *m_lines[line];
 }
 
-bool MessageTable::isNull(std::size_t line) const
-{
-    return line >= m_lines.size() || !m_lines[line];
-}
+bool MessageTable::isNull(std::size_t line) const { return line >= m_lines.size() || !m_lines[line]; }
 
 }  // namespace rovanel

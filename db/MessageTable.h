@@ -7,9 +7,11 @@
 #include <string_view>
 #include <vector>
 
-namespace rovanel {
+namespace rovanel
+{
 
-class MessageTable {
+class MessageTable
+{
 public:
     MessageTable() = default;
     // Parses the file's bytes: each line trimmed, a trimmed "NULL" becomes a null entry.

@@ -10,7 +10,8 @@
 
 #include "db/DataFile.h"
 
-namespace rovanel {
+namespace rovanel
+{
 
 struct StartupTables;
 
@@ -48,13 +49,13 @@ struct KeyRecord {
 
 // Reads up to `count` record numbers from `offset` of a list file (the separator after each number is
 // blank space, or a comma for mhind.dat); stops at the first thing that is not a number.
-[[nodiscard]] std::vector<std::int32_t> readRecordList(DataFile& list, std::int64_t offset, std::int64_t count,
-                                                       bool commaAfterEach);
+[[nodiscard]] std::vector<std::int32_t> readRecordList(DataFile& list, std::int64_t offset,
+                                                       std::int64_t count, bool commaAfterEach);
 
 // The products of key `key` of an index pair, in file order; empty when the files or the key are
 // missing. Record numbers are as the file holds them (callers that index tables check the range).
-[[nodiscard]] std::vector<std::int32_t> productsOfKey(const std::filesystem::path& dataDirectory, IndexPair pair,
-                                                      std::int64_t key);
+[[nodiscard]] std::vector<std::int32_t> productsOfKey(const std::filesystem::path& dataDirectory,
+                                                      IndexPair pair, std::int64_t key);
 
 // Line `index` of a file of 128-byte name lines (ellnrend.dat, mhnrend.dat, atcnrend.dat, atcnren5.dat),
 // leading blanks stripped and trimmed; nothing when the line is missing.

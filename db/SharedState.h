@@ -5,7 +5,8 @@
 #include "db/FoundDrugs.h"
 #include "db/StartupTables.h"
 
-namespace rovanel {
+namespace rovanel
+{
 
 struct DrugSelection;  // db/DrugSelection.h (SzedettGy, EllSel, KhResult), added with the interaction engine
 

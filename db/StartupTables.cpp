@@ -5,12 +5,14 @@
 #include "db/DataFile.h"
 #include "db/Text.h"
 
-namespace rovanel {
+namespace rovanel
+{
 
-const std::array<std::string_view, 7> kStartupFileNames = {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat",
+const std::array<std::string_view, 7> kStartupFileNames = {"MSG.DAT", "inf.dat",     "KOD.DAT", "xd.dat",
                                                            "x.dat",   "nevrend.dat", "RV.INI"};
 
-namespace {
+namespace
+{
 
 // Line-buffer sizes of the original reads; a longer line is cut, never split.
 constexpr std::size_t kLineBuffer = 255;
@@ -88,7 +90,8 @@ bool loadLineList(const std::filesystem::path& path, std::size_t columnLimit, st
     return true;
 }
 
-StartupTables loadStartupTables(const std::filesystem::path& dataDirectory, const std::filesystem::path& userIni)
+StartupTables loadStartupTables(const std::filesystem::path& dataDirectory,
+                                const std::filesystem::path& userIni)
 {
     StartupTables tables;
     tables.dataDirectory = dataDirectory;
@@ -96,7 +99,8 @@ StartupTables loadStartupTables(const std::filesystem::path& dataDirectory, cons
     // MSG.DAT is required; a missing one leaves an empty table, whose every entry reads as "".
     tables.messages = MessageTable::parse(readWholeFile(dataFilePath(dataDirectory, "MSG.DAT")).value_or(""));
 
-    const std::string fullPrice = readProfileString(userIni, kSettingsSection, "NapiKezTeljesArbol", "NEM", 79);
+    const std::string fullPrice =
+        readProfileString(userIni, kSettingsSection, "NapiKezTeljesArbol", "NEM", 79);
     tables.fullPriceDailyCost = contains(fullPrice, "IGEN");
 
     const auto info = readWholeFile(dataFilePath(dataDirectory, "inf.dat"));

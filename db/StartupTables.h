@@ -12,29 +12,30 @@
 
 #include "db/MessageTable.h"
 
-namespace rovanel {
+namespace rovanel
+{
 
 // The thirteen counts of inf.dat, by their 1-based position.
 struct DatabaseCounts {
     std::array<std::int32_t, 13> values{};
     [[nodiscard]] std::int32_t operator[](int position) const { return values[position - 1]; }
-    [[nodiscard]] std::int32_t products() const { return values[0]; }       // N
-    [[nodiscard]] std::int32_t atcGroups() const { return values[1]; }      // table 2
-    [[nodiscard]] std::int32_t sideEffects() const { return values[2]; }    // table 4
+    [[nodiscard]] std::int32_t products() const { return values[0]; }           // N
+    [[nodiscard]] std::int32_t atcGroups() const { return values[1]; }          // table 2
+    [[nodiscard]] std::int32_t sideEffects() const { return values[2]; }        // table 4
     [[nodiscard]] std::int32_t contraindications() const { return values[3]; }  // table 3
-    [[nodiscard]] std::int32_t nutrition() const { return values[10]; }     // K1
-    [[nodiscard]] std::int32_t others() const { return values[11]; }        // K2
+    [[nodiscard]] std::int32_t nutrition() const { return values[10]; }         // K1
+    [[nodiscard]] std::int32_t others() const { return values[11]; }            // K2
     [[nodiscard]] std::int32_t medicines() const { return values[0] - values[10] - values[11]; }
 };
 
 // How far the loader got; it stops at the first failing step and keeps what it read before.
 enum class LoadStep {
-    Started,      // nothing but the message table and the flag
-    Counts,       // inf.dat read
-    CodeTables,   // KOD.DAT read (a missing KOD.DAT gives empty texts)
-    Pairs,        // xd.dat read
-    ShortTexts,   // x.dat read
-    Complete      // nevrend.dat read into the name list
+    Started,     // nothing but the message table and the flag
+    Counts,      // inf.dat read
+    CodeTables,  // KOD.DAT read (a missing KOD.DAT gives empty texts)
+    Pairs,       // xd.dat read
+    ShortTexts,  // x.dat read
+    Complete     // nevrend.dat read into the name list
 };
 
 struct StartupTables {
@@ -42,13 +43,13 @@ struct StartupTables {
     MessageTable messages;
     bool fullPriceDailyCost = false;  // "NapiKezTeljesArbol" contains "IGEN" in the user's RV.INI
     DatabaseCounts counts;
-    std::vector<std::string> productCodes;       // KOD.DAT table 1, by record number
-    std::vector<std::string> atcGroupCodes;      // table 2, by group (tree node) number
-    std::vector<std::string> contraindicationCodes;  // table 3
-    std::vector<std::string> sideEffectCodes;    // table 4
+    std::vector<std::string> productCodes;                     // KOD.DAT table 1, by record number
+    std::vector<std::string> atcGroupCodes;                    // table 2, by group (tree node) number
+    std::vector<std::string> contraindicationCodes;            // table 3
+    std::vector<std::string> sideEffectCodes;                  // table 4
     std::vector<std::pair<std::int32_t, std::int32_t>> pairs;  // xd.dat
-    std::vector<std::string> shortTexts;         // x.dat
-    std::vector<std::string> productNames;       // nevrend.dat, by record number
+    std::vector<std::string> shortTexts;                       // x.dat
+    std::vector<std::string> productNames;                     // nevrend.dat, by record number
     LoadStep reached = LoadStep::Started;
 
     // Name of product `record`, or the empty text for a number outside the list.

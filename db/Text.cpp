@@ -4,7 +4,8 @@
 #include <charconv>
 #include <limits>
 
-namespace rovanel {
+namespace rovanel
+{
 
 std::string_view trim(std::string_view text)
 {
@@ -54,8 +55,8 @@ std::optional<std::int64_t> parseInteger(std::string_view text)
 std::optional<std::int32_t> scanInteger(std::string_view text, std::size_t* consumed)
 {
     std::size_t position = 0;
-    while (position < text.size() &&
-           (text[position] == ' ' || text[position] == '\t' || text[position] == '\r' || text[position] == '\n'))
+    while (position < text.size() && (text[position] == ' ' || text[position] == '\t' ||
+                                      text[position] == '\r' || text[position] == '\n'))
         ++position;
     std::size_t digitsStart = position;
     if (position < text.size() && (text[position] == '-' || text[position] == '+')) ++digitsStart;

@@ -7,7 +7,8 @@
 #include <string>
 #include <string_view>
 
-namespace rovanel {
+namespace rovanel
+{
 
 // Cuts the text at its first '~' and removes trailing blanks, tabs, CRs and LFs, but never the first
 // character: "\r\n" trims to "\r" and "   " to " ".

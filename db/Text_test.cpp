@@ -2,11 +2,16 @@
 
 #include <gtest/gtest.h>
 
-namespace rovanel {
+namespace rovanel
+{
 
 TEST(Trim, CutsAtTildeAndRemovesTrailingBlanksButNeverTheFirstCharacter)
 {
-    struct Case { const char* what; std::string_view in; std::string_view out; };
+    struct Case {
+        const char* what;
+        std::string_view in;
+        std::string_view out;
+    };
     const Case cases[] = {
         {"plain", "abc", "abc"},
         {"trailing blanks tabs and line end", "abc \t\r\n", "abc"},

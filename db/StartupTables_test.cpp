@@ -1,0 +1,173 @@
+#include "db/StartupTables.h"
+
+#include <gtest/gtest.h>
+
+#include "db/Cp1250.h"
+#include "tests/support/TinyDatabase.h"
+
+namespace rovanel
+{
+namespace
+{
+
+using testing::ScratchDirectory;
+using testing::writeTinyDatabase;
+
+StartupTables load(const ScratchDirectory& directory)
+{
+    return loadStartupTables(directory.path(), directory.path() / "user" / "RV.INI");
+}
+
+TEST(MessageTable, NumbersLinesFromZeroAndReadsNullAsEmpty)
+{
+    const MessageTable table =
+        MessageTable::parse("first\r\nNULL\r\nNULL  \t\r\n NULL\r\ntext ~ comment\r\n\r\n");
+    EXPECT_EQ(table.at(0), "first");
+    EXPECT_TRUE(table.isNull(1));
+    EXPECT_TRUE(table.isNull(2)) << "trailing blanks are trimmed before the NULL test";
+    EXPECT_EQ(table.at(3), " NULL") << "a leading blank keeps the word as text";
+    EXPECT_EQ(table.at(4), "text");
+    EXPECT_EQ(table.at(5), "\r") << "a line of a lone CR stays one character";
+    EXPECT_EQ(table.slotCount(), 8u) << "lines plus two null slots";
+    EXPECT_TRUE(table.isNull(6));
+    EXPECT_EQ(table.at(1000), "");
+}
+
+TEST(MessageTable, AnOverLongLineIsCutAndLaterNumbersDoNotShift)
+{
+    const MessageTable table = MessageTable::parse(std::string(600, 'x') + "\r\nnext\r\n");
+    EXPECT_EQ(table.at(0).size(), 254u);
+    EXPECT_EQ(table.at(1), "next");
+}
+
+TEST(StartupLoader, ReadsEveryTableOfACompleteDatabase)
+{
+    ScratchDirectory directory;
+    writeTinyDatabase(directory);
+    const StartupTables tables = load(directory);
+    ASSERT_EQ(tables.reached, LoadStep::Complete);
+    EXPECT_EQ(tables.counts.products(), 5);
+    EXPECT_EQ(tables.counts.medicines(), 3);
+    EXPECT_EQ(tables.messages.at(1), utf8ToCp1250("Készítmény:"));
+    EXPECT_EQ(tables.messages.at(7), utf8ToCp1250("Üzenet 7"));
+    EXPECT_TRUE(tables.messages.isNull(5));
+    EXPECT_EQ(tables.messages.at(6), " NULL");
+    EXPECT_EQ(tables.productCodes, (std::vector<std::string>{"A02BC-0101", "C08CA-0101", "C08CA-0102",
+                                                             "T01AA-0101", "X01AA-0101"}));
+    EXPECT_EQ(tables.atcGroupCodes, (std::vector<std::string>{"C", "C08", "C08C"}));
+    // Count 4 sizes the third block and count 3 the fourth.
+    EXPECT_EQ(tables.contraindicationCodes, (std::vector<std::string>{"E01", "E0101"}));
+    EXPECT_EQ(tables.sideEffectCodes, (std::vector<std::string>{"M01", "M0101"}));
+    EXPECT_EQ(tables.pairs, (std::vector<std::pair<std::int32_t, std::int32_t>>{{0, 3}, {1, 2}}));
+    EXPECT_EQ(tables.shortTexts, (std::vector<std::string>{"tabl.", "kaps."}));
+    ASSERT_EQ(tables.productNames.size(), 5u);
+    EXPECT_EQ(tables.productName(1), utf8ToCp1250("BÉTA 5 MG TABLETTA 30X"));
+    EXPECT_EQ(tables.productName(5), "");
+    EXPECT_EQ(tables.productName(-1), "");
+    EXPECT_EQ(tables.recordOfCode("C08CA-0102"), 2);
+    EXPECT_EQ(tables.recordOfCode("C08CA-01"), -1);
+    EXPECT_EQ(tables.contraindicationOfCode("E0101"), 1);
+}
+
+TEST(StartupLoader, StopsAtTheFailingStepAndKeepsWhatItRead)
+{
+    struct Case {
+        const char* what;
+        const char* file;
+        const char* replacement;  // nullptr removes the file
+        LoadStep reached;
+    };
+    const Case cases[] = {
+        {"inf.dat missing", "inf.dat", nullptr, LoadStep::Started},
+        {"twelve numbers", "inf.dat", "5,3,2,2,0,0,0,2,2,0,1,1\r\n", LoadStep::Started},
+        {"blank before a comma", "inf.dat", "5 ,3,2,2,0,0,0,2,2,0,1,1,1\r\n", LoadStep::Started},
+        {"not a number", "inf.dat", "five,3,2,2,0,0,0,2,2,0,1,1,1\r\n", LoadStep::Started},
+        {"negative count", "inf.dat", "-5,3,2,2,0,0,0,2,2,0,1,1,1\r\n", LoadStep::Started},
+        {"absurd count", "inf.dat", "2000000000,3,2,2,0,0,0,2,2,0,1,1,1\r\n", LoadStep::Started},
+        {"xd.dat missing", "xd.dat", nullptr, LoadStep::CodeTables},
+        {"x.dat missing", "x.dat", nullptr, LoadStep::Pairs},
+        {"nevrend.dat missing", "nevrend.dat", nullptr, LoadStep::ShortTexts},
+        {"KOD.DAT missing is not checked", "KOD.DAT", nullptr, LoadStep::Complete},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        ScratchDirectory directory;
+        writeTinyDatabase(directory);
+        if (c.replacement)
+            directory.write(c.file, c.replacement);
+        else
+            directory.remove(c.file);
+        const StartupTables tables = load(directory);
+        EXPECT_EQ(tables.reached, c.reached);
+        EXPECT_EQ(tables.messages.at(1), utf8ToCp1250("Készítmény:")) << "the message table is read first";
+        if (c.reached < LoadStep::Complete) {
+            EXPECT_TRUE(tables.productNames.empty());
+        }
+        if (c.reached < LoadStep::CodeTables) {
+            EXPECT_TRUE(tables.productCodes.empty());
+        }
+    }
+}
+
+TEST(StartupLoader, ReadsKodDatOfAnySizeSafely)
+{
+    ScratchDirectory directory;
+    writeTinyDatabase(directory);
+    const std::string full = directory.read("KOD.DAT");
+
+    directory.write("KOD.DAT", full.substr(0, 23));  // two codes and three bytes of the third
+    StartupTables shortTables = load(directory);
+    EXPECT_EQ(shortTables.productCodes[1], "C08CA-0101");
+    EXPECT_EQ(shortTables.productCodes[2], "C08");
+    EXPECT_EQ(shortTables.productCodes[3], "");
+    EXPECT_EQ(shortTables.sideEffectCodes[1], "");
+    EXPECT_EQ(shortTables.reached, LoadStep::Complete);
+
+    directory.write("KOD.DAT", full + std::string(300000, 'Z'));
+    EXPECT_EQ(load(directory).sideEffectCodes[1], "M0101") << "bytes after the four blocks are ignored";
+
+    directory.remove("KOD.DAT");
+    EXPECT_EQ(load(directory).productCodes, std::vector<std::string>(5));
+}
+
+TEST(StartupLoader, KeepsTablesWithinTheirCounts)
+{
+    ScratchDirectory directory;
+    writeTinyDatabase(directory);
+    directory.write("xd.dat", "1,2\r\n3,4\r\n5,6\r\n");
+    directory.write("x.dat", "tabletta-long\r\n");
+    directory.write("nevrend.dat", directory.read("nevrend.dat") + testing::nameLine("EXTRA"));
+    const StartupTables tables = load(directory);
+    EXPECT_EQ(tables.pairs.size(), 2u);
+    EXPECT_EQ(tables.shortTexts, (std::vector<std::string>{"tabletta-lo", ""}))
+        << "a 12-byte slot holds 11 characters; a missing line leaves its slot empty";
+    EXPECT_EQ(tables.productNames.size(), 5u);
+}
+
+TEST(StartupLoader, ReadsTheFullPriceFlagFromTheUsersOwnIniOnly)
+{
+    ScratchDirectory directory;
+    writeTinyDatabase(directory);
+    directory.write("RV.INI", "[Rovanel Beallitasok]\r\nNapiKezTeljesArbol=IGEN\r\n");
+    EXPECT_FALSE(load(directory).fullPriceDailyCost) << "the data directory's RV.INI is another file";
+
+    std::filesystem::create_directories(directory.path() / "user");
+    directory.write("user/RV.INI", "[rovanel beallitasok]\r\nnapikezteljesarbol = IGEN, kérem\r\n");
+    EXPECT_TRUE(load(directory).fullPriceDailyCost) << "the value need only contain IGEN";
+
+    directory.write("user/RV.INI", "[Rovanel Beallitasok]\r\nNapiKezTeljesArbol=igen\r\n");
+    EXPECT_FALSE(load(directory).fullPriceDailyCost);
+}
+
+TEST(LineListLoader, CutsAtTheColumnLimitAndTrims)
+{
+    ScratchDirectory directory;
+    directory.write("list.txt", "abc   \r\n" + std::string(70, 'n') + "\r\nx~comment\r\n");
+    std::vector<std::string> lines;
+    ASSERT_TRUE(loadLineList(directory.path() / "list.txt", 50, lines));
+    EXPECT_EQ(lines, (std::vector<std::string>{"abc", std::string(50, 'n'), "x"}));
+    EXPECT_FALSE(loadLineList(directory.path() / "missing.txt", 50, lines));
+}
+
+}  // namespace
+}  // namespace rovanel
