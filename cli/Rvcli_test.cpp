@@ -1,0 +1,98 @@
+// rvcli run as a program on the demo database: the subcommands agree with each other.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+struct Run {
+    int exitCode = -1;
+    std::string out;
+};
+
+Run rvcli(const std::string& arguments)
+{
+    const std::string command = std::string(ROVANEL_RVCLI) + " " + arguments + " 2>/dev/null";
+    Run run;
+    FILE* pipe = ::popen(command.c_str(), "r");
+    if (!pipe) return run;
+    std::array<char, 4096> buffer{};
+    std::size_t got = 0;
+    while ((got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0) run.out.append(buffer.data(), got);
+    const int status = ::pclose(pipe);
+    run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return run;
+}
+
+std::vector<std::string> lines(const std::string& text)
+{
+    std::vector<std::string> result;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) result.push_back(line);
+    return result;
+}
+
+long field(const std::string& info, const std::string& name)
+{
+    for (const std::string& line : lines(info))
+        if (line.rfind(name + ": ", 0) == 0) return std::stol(line.substr(name.size() + 2));
+    return -1;
+}
+
+const std::string kDemo = ROVANEL_DEMO_DB;
+
+TEST(Rvcli, SubcommandsAgreeOnTheDemoDatabase)
+{
+    const Run info = rvcli("info " + kDemo);
+    ASSERT_EQ(info.exitCode, 0);
+    const long products = field(info.out, "products");
+    const long medicines = field(info.out, "medicines");
+    const long nutrition = field(info.out, "nutrition");
+    const long others = field(info.out, "others");
+    EXPECT_EQ(products, 10000);
+    EXPECT_EQ(medicines + nutrition + others, products);
+    EXPECT_NE(info.out.find("closing: "), std::string::npos);
+
+    const auto medicineNames = lines(rvcli("names " + kDemo).out);
+    const auto nutritionNames = lines(rvcli("names " + kDemo + " --nutrition").out);
+    ASSERT_EQ(static_cast<long>(medicineNames.size()), medicines);
+    ASSERT_EQ(static_cast<long>(nutritionNames.size()), nutrition);
+
+    // Record P's name is line P of the medicine list; the nutrition list starts at N - K1 - K2.
+    for (long record : {0L, 1L, medicines / 2, medicines - 1}) {
+        const auto located = lines(rvcli("locate " + kDemo + " " + std::to_string(record)).out);
+        ASSERT_EQ(located.size(), 3u);
+        EXPECT_EQ(located[1], "name: " + medicineNames[static_cast<std::size_t>(record)]);
+    }
+    const auto firstNutrition = lines(rvcli("locate " + kDemo + " " + std::to_string(medicines)).out);
+    ASSERT_EQ(firstNutrition.size(), 3u);
+    EXPECT_EQ(firstNutrition[1], "name: " + nutritionNames.front());
+    EXPECT_EQ(firstNutrition[0].substr(0, 7), "code: T") << "nutrition products live under group T";
+
+    // Every product of ATC group 0 (the first anatomical group) has a code beginning with its letter.
+    const auto group = lines(rvcli("products-of " + kDemo + " atc 0").out);
+    ASSERT_FALSE(group.empty());
+    const auto first = lines(rvcli("locate " + kDemo + " " + group.front()).out);
+    const auto last = lines(rvcli("locate " + kDemo + " " + group.back()).out);
+    EXPECT_EQ(first[0].substr(0, 7), last[0].substr(0, 7));
+}
+
+TEST(Rvcli, RefusesBadUsageAndUnreadableDirectoriesWithExitCode2)
+{
+    EXPECT_EQ(rvcli("").exitCode, 2);
+    EXPECT_EQ(rvcli("frobnicate").exitCode, 2);
+    EXPECT_EQ(rvcli("info").exitCode, 2);
+    EXPECT_EQ(rvcli("info /no/such/directory").exitCode, 2);
+    EXPECT_EQ(rvcli("names " + kDemo + " --wrong").exitCode, 2);
+    EXPECT_EQ(rvcli("locate " + kDemo + " x12").exitCode, 2);
+    EXPECT_EQ(rvcli("products-of " + kDemo + " colour 1").exitCode, 2);
+    EXPECT_EQ(rvcli("locate " + kDemo + " 99999999").exitCode, 1);
+    EXPECT_EQ(rvcli("products-of " + kDemo + " atc 99999999").out, "");
+}
+
+}  // namespace
