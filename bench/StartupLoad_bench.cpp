@@ -38,5 +38,3 @@ void StartupLoad(benchmark::State& state)
 BENCHMARK(StartupLoad)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();
