@@ -1,0 +1,44 @@
+#include "db/AtcCode.h"
+
+#include <gtest/gtest.h>
+
+namespace rovanel
+{
+namespace
+{
+
+TEST(AtcCode, TypedInternationalCodesFindTheCarriedForm)
+{
+    struct Case {
+        std::string_view typed;
+        std::string_view carried;
+    };
+    const Case cases[] = {
+        {"C", "C"},
+        {"c08", "C08"},
+        {"C08C", "C08C"},
+        {"C08CA", "C08CA-"},
+        {"c08ca01", "C08CA-01"},
+        {"C08CA-01", "C08CA-01"},
+        {"C08CA-", "C08CA-"},
+        {"", ""},
+        {"C08CA0123", "C08CA0123"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.typed));
+        EXPECT_EQ(atcFromInternational(c.typed), c.carried);
+    }
+}
+
+TEST(AtcCode, CarriedCodesShowTheirInternationalForm)
+{
+    EXPECT_EQ(internationalFromAtc("C08CA-01"), "C08CA01");
+    EXPECT_EQ(internationalFromAtc("C08CA-"), "C08CA");
+    EXPECT_EQ(internationalFromAtc("C08CA-0103"), "C08CA0103");
+    EXPECT_EQ(internationalFromAtc("C08"), "C08");
+    for (const std::size_t length : kAtcLevelLengths)
+        EXPECT_EQ(std::string("C08CA-01").substr(0, length).size(), length);
+}
+
+}  // namespace
+}  // namespace rovanel
