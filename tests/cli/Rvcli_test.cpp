@@ -10,15 +10,15 @@
 namespace
 {
 
-struct Run {
+struct CliRun {
     int exitCode = -1;
     std::string out;
 };
 
-Run rvcli(const std::string& arguments)
+CliRun rvcli(const std::string& arguments)
 {
     const std::string command = std::string(ROVANEL_RVCLI) + " " + arguments + " 2>/dev/null";
-    Run run;
+    CliRun run;
     FILE* pipe = ::popen(command.c_str(), "r");
     if (!pipe) return run;
     std::array<char, 4096> buffer{};
@@ -48,7 +48,7 @@ const std::string kDemo = ROVANEL_DEMO_DB;
 
 TEST(Rvcli, SubcommandsAgreeOnTheDemoDatabase)
 {
-    const Run info = rvcli("info " + kDemo);
+    const CliRun info = rvcli("info " + kDemo);
     ASSERT_EQ(info.exitCode, 0);
     const long products = field(info.out, "products");
     const long medicines = field(info.out, "medicines");
