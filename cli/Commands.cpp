@@ -4,6 +4,7 @@ namespace rovanel::cli
 {
 
 // Subcommands, declared by their files.
+int runGen(const std::vector<std::string>& args);
 int runInfo(const std::vector<std::string>& args);
 int runNames(const std::vector<std::string>& args);
 int runLocate(const std::vector<std::string>& args);
@@ -12,6 +13,7 @@ int runProductsOf(const std::vector<std::string>& args);
 const std::vector<Command>& commands()
 {
     static const std::vector<Command> table = {
+        {"gen", "gen DIR [--products N] [--seed S]", runGen},
         {"info", "info DIR", runInfo},
         {"names", "names DIR [--nutrition]", runNames},
         {"locate", "locate DIR P", runLocate},
