@@ -2,17 +2,17 @@
 // constructor: the start-up tables, the found-drug table and the drug selection.
 #pragma once
 
+#include "db/DrugSelection.h"
 #include "db/FoundDrugs.h"
 #include "db/StartupTables.h"
 
 namespace rovanel
 {
 
-struct DrugSelection;  // db/DrugSelection.h (SzedettGy, EllSel, KhResult), added with the interaction engine
-
 struct SharedState {
     StartupTables tables;
     FoundDrugTable found;
+    DrugSelection selection;
 };
 
 }  // namespace rovanel
