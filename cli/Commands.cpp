@@ -9,6 +9,10 @@ int runInfo(const std::vector<std::string>& args);
 int runNames(const std::vector<std::string>& args);
 int runLocate(const std::vector<std::string>& args);
 int runProductsOf(const std::vector<std::string>& args);
+int runCheck(const std::vector<std::string>& args);
+int runAtcGroup(const std::vector<std::string>& args);
+int runSideEffect(const std::vector<std::string>& args);
+int runIngredient(const std::vector<std::string>& args);
 
 const std::vector<Command>& commands()
 {
@@ -18,6 +22,10 @@ const std::vector<Command>& commands()
         {"names", "names DIR [--nutrition]", runNames},
         {"locate", "locate DIR P", runLocate},
         {"products-of", "products-of DIR atc|contra|ingredient|side-effect K", runProductsOf},
+        {"check", "check DIR P... [--contra K...]", runCheck},
+        {"atc-group", "atc-group DIR NODE [--taking P...] [--contra K...]", runAtcGroup},
+        {"side-effect", "side-effect DIR N [--taking P...]", runSideEffect},
+        {"ingredient", "ingredient DIR K", runIngredient},
     };
     return table;
 }

@@ -294,7 +294,7 @@ private:
         const TakenDrug& b = m_taken[j];
         std::string& report = m_result.report;
         report += a.name;
-        report += " és ";
+        report += utf8ToCp1250(" és ");
         report += b.name;
         report += a.name.size() + b.name.size() > kNamesOnOneLine ? "\n" : " : ";
         report += text;

@@ -1,0 +1,192 @@
+// A small database written from a list of products with the codes the interaction engine and the
+// searches read: own, careful, avoid and contraindication codes, the support line, and the ATC groups,
+// contraindications, side effects and active ingredients with their index pairs and trees.
+// Layouts as in docs/data-format.md. Names and texts are UTF-8 here and Windows-1250 in the files.
+#pragma once
+
+#include <cstdio>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "db/Cp1250.h"
+#include "db/MessageCatalog.h"
+#include "tests/support/ScratchDirectory.h"
+
+namespace rovanel::testing
+{
+
+struct EngineProduct {
+    EngineProduct(std::string productCode, std::string productName, std::vector<std::string> ownCodes = {},
+                  std::vector<std::string> carefulCodes = {}, std::vector<std::string> avoidCodes = {},
+                  std::vector<std::string> contraindicationCodes = {})
+        : code(std::move(productCode)),
+          name(std::move(productName)),
+          own(std::move(ownCodes)),
+          careful(std::move(carefulCodes)),
+          avoid(std::move(avoidCodes)),
+          contraindications(std::move(contraindicationCodes))
+    {
+    }
+    std::string code;  // 10 characters
+    std::string name;
+    std::vector<std::string> own;  // ATC codes of its substances
+    std::vector<std::string> careful;
+    std::vector<std::string> avoid;
+    std::vector<std::string> contraindications;
+    std::string supportLine = "30;0;0;0;1--;-;2;1;0^1@210751477#-$-*-[3]0{0}0(0)-\xB3" "0@C08CA01";
+};
+
+struct EngineDatabase {
+    std::vector<EngineProduct> products;
+    std::vector<std::pair<std::string, std::string>> atcGroups;  // code, name; in tree pre-order
+    std::vector<std::pair<std::string, std::string>> contraindications;
+    std::vector<std::pair<std::string, std::vector<int>>> sideEffects;  // name, products
+    std::vector<std::pair<std::string, std::vector<int>>> ingredients;  // name, products
+    std::string regulations = "Rendelet\r\n\t1. pont\r\n\t\ta) alpont\r\n\t2. pont\r\n";
+
+    void write(const ScratchDirectory& directory) const;
+};
+
+inline std::string padded(const std::string& text, std::size_t width)
+{
+    std::string result = text;
+    result.resize(width, ' ');
+    return result;
+}
+
+inline std::string indexDirectoryRecord(long offset, long count)
+{
+    char buffer[40];
+    std::snprintf(buffer, sizeof buffer, "%ld,%ld", offset, count);
+    return padded(buffer, 14) + "\r\n";
+}
+
+// Writes a list file and its directory: one run of numbers per key.
+inline std::pair<std::string, std::string> indexPair(const std::vector<std::vector<int>>& lists, bool comma,
+                                                     bool sentinel)
+{
+    std::string list;
+    std::string directory;
+    for (const auto& records : lists) {
+        directory += indexDirectoryRecord(records.empty() ? 0 : static_cast<long>(list.size()),
+                                          static_cast<long>(records.size()));
+        for (int record : records) list += std::to_string(record) + (comma ? ",\r\n" : "\r\n");
+    }
+    if (sentinel) directory += indexDirectoryRecord(0, 0);
+    return {list, directory};
+}
+
+inline int treeDepthOfAtc(const std::string& code)
+{
+    switch (code.size()) {
+        case 1:
+            return 0;
+        case 3:
+            return 1;
+        case 4:
+            return 2;
+        case 6:
+            return 3;
+        default:
+            return 4;
+    }
+}
+
+inline void EngineDatabase::write(const ScratchDirectory& directory) const
+{
+    std::string msg;
+    for (const std::string& line : messageCatalogLines()) msg += line + "\r\n";
+    directory.write("MSG.DAT", msg);
+    const auto count = [](const auto& list) { return std::to_string(list.size()); };
+    directory.write("inf.dat", count(products) + "," + count(atcGroups) + "," + count(sideEffects) + "," +
+                                   count(contraindications) + "," + count(ingredients) +
+                                   ",0,0,0,0,0,0,0,1\r\n");
+    std::string kod, nevrend, gyful, nevpos;
+    for (const EngineProduct& product : products) {
+        kod += padded(product.code, 10);
+        nevrend += padded(utf8ToCp1250(product.name), 48) + "\r\n";
+        char position[16];
+        std::snprintf(position, sizeof position, "%8ld\r\n", static_cast<long>(gyful.size()));
+        nevpos += position;
+        std::string block = product.code + "\r\n";
+        for (const auto& code : product.own) block += code + "\r\n";
+        block += "#ar\r\n1000\r\n800\r\n#ha\r\n" + product.supportLine +
+                 "\r\n#ter\r\n#jav\r\n#adag\r\n#bet\r\n#ell\r\n";
+        for (const auto& code : product.contraindications) block += code + "\r\n";
+        block += "#mh\r\n#ov\r\n";
+        for (const auto& code : product.careful) block += code + "\r\n";
+        block += "#til\r\n";
+        for (const auto& code : product.avoid) block += code + "\r\n";
+        block += "#mer\r\n#fig\r\n#nev\r\n#vege\r\n";
+        gyful += block;
+    }
+    for (const auto& group : atcGroups) kod += padded(group.first, 10);
+    for (const auto& contra : contraindications) kod += padded(contra.first, 6);
+    for (std::size_t i = 0; i < sideEffects.size(); ++i) kod += padded("M" + std::to_string(i), 6);
+    directory.write("KOD.DAT", kod);
+    directory.write("xd.dat", "");
+    directory.write("x.dat", "");
+    directory.write("nevrend.dat", nevrend);
+    directory.write("gy.ful", gyful);
+    directory.write("nevpos.dat", nevpos);
+
+    std::vector<std::vector<int>> atcLists;
+    std::string atcTree, atcNames;
+    for (const auto& [code, name] : atcGroups) {
+        std::vector<int> members;
+        for (std::size_t p = 0; p < products.size(); ++p)
+            if (products[p].code.compare(0, code.size(), code) == 0) members.push_back(static_cast<int>(p));
+        atcLists.push_back(members);
+        atcTree += std::string(static_cast<std::size_t>(treeDepthOfAtc(code)), '\t') + utf8ToCp1250(name) +
+                   " (" + code + ")\r\n";
+        atcNames += padded(utf8ToCp1250(name), 126) + "\r\n";
+    }
+    auto [atcList, atcDirectory] = indexPair(atcLists, false, true);
+    directory.write("atcind.dat", atcList);
+    directory.write("atcindin.dat", atcDirectory);
+    directory.write("atcnren2.dat", atcTree);
+    directory.write("atcnrend.dat", atcNames);
+
+    std::vector<std::vector<int>> contraLists;
+    std::string contraTree, contraNames;
+    for (const auto& [code, name] : contraindications) {
+        std::vector<int> members;
+        for (std::size_t p = 0; p < products.size(); ++p)
+            for (const auto& own : products[p].contraindications)
+                if (own.compare(0, code.size(), code) == 0) {
+                    members.push_back(static_cast<int>(p));
+                    break;
+                }
+        contraLists.push_back(members);
+        contraTree += std::string(code.size() > 3 ? "\t" : "") + utf8ToCp1250(name) + "\r\n";
+        contraNames += padded(utf8ToCp1250(name), 126) + "\r\n";
+    }
+    auto [contraList, contraDirectory] = indexPair(contraLists, false, false);
+    directory.write("ellind.dat", contraList);
+    directory.write("ellindin.dat", contraDirectory);
+    directory.write("ellnren2.dat", contraTree);
+    directory.write("ellnrend.dat", contraNames);
+
+    std::vector<std::vector<int>> effectLists, ingredientLists;
+    std::string effectTree, ingredientNames;
+    for (const auto& [name, members] : sideEffects) {
+        effectLists.push_back(members);
+        effectTree += utf8ToCp1250(name) + "\r\n";
+    }
+    for (const auto& [name, members] : ingredients) {
+        ingredientLists.push_back(members);
+        ingredientNames += utf8ToCp1250(name) + "\r\n";
+    }
+    auto [effectList, effectDirectory] = indexPair(effectLists, true, false);
+    directory.write("mhind.dat", effectList);
+    directory.write("mhindin.dat", effectDirectory);
+    directory.write("mhnren2.dat", effectTree);
+    auto [ingredientList, ingredientDirectory] = indexPair(ingredientLists, false, false);
+    directory.write("haind.dat", ingredientList);
+    directory.write("haindinf.dat", ingredientDirectory);
+    directory.write("harend2.dat", ingredientNames);
+    directory.write("rend2.ful", utf8ToCp1250(regulations));
+}
+
+}  // namespace rovanel::testing
