@@ -1,0 +1,235 @@
+#include "app/RegistrySettings.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <fstream>
+
+#include "db/Cp1250.h"
+#include "db/DataFile.h"
+
+namespace rovanel
+{
+namespace
+{
+
+class RegistryFile : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        m_directory = std::filesystem::temp_directory_path() /
+                      ("rovanel-registry-" + std::to_string(::getpid()) + "-" +
+                       ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::filesystem::remove_all(m_directory);
+        std::filesystem::create_directories(m_directory);
+        m_store = openRegistryFile(file());
+    }
+    void TearDown() override { std::filesystem::remove_all(m_directory); }
+
+    [[nodiscard]] std::filesystem::path file() const { return m_directory / "registry.ini"; }
+    [[nodiscard]] std::string content() const { return readWholeFile(file()).value_or(""); }
+
+    std::filesystem::path m_directory;
+    std::unique_ptr<RegistryStore> m_store;
+};
+
+const std::string kNotFound = utf8ToCp1250(kRegistryNotFoundText);
+const std::string kWrongType = utf8ToCp1250(kRegistryWrongTypeText);
+
+TEST(RegistryDefaults, TableHoldsTheEightySixSettingsInOrderThenTheEmptyRecord)
+{
+    EXPECT_EQ(kRegistryDefaults[0].path, "Software\\Rovanel");  // the only path without a leading backslash
+    EXPECT_EQ(kRegistryDefaults[7].path, "\\Software\\Rovanel\\RtfFontSize");
+    EXPECT_EQ(kRegistryDefaults[7].type, 0);  // a number kept as a string on purpose
+    EXPECT_EQ(kRegistryDefaults[85].path, "\\Software\\Rovanel\\RpData\\RpPrintModeIdx");
+    EXPECT_TRUE(kRegistryDefaults[86].path.empty());
+    const std::array<int, 41> widths = {229, 85, 50, 50, 79, 30, 72, 75, 102, 47, 65, 65, 70, 82,
+                                        50,  30, 59, 50, 50, 50, 50, 50, 50,  50, 50, 50, 50, 50,
+                                        83,  0,  0,  0,  0,  0,  0,  0,  0,   0,  0,  0,  0};
+    for (std::size_t n = 0; n < widths.size(); ++n) {
+        SCOPED_TRACE(n);
+        const RegistryDefault& record = kRegistryDefaults[10 + n];
+        EXPECT_EQ(record.path, "\\Software\\Rovanel\\RefColWidth\\" + std::to_string(n));
+        EXPECT_EQ(record.defaultText, std::to_string(widths[n]));
+        EXPECT_EQ(record.type, 1);
+    }
+    const std::array<int, 6> vertical = {47, 1, 14, 8, 6, 6};
+    const std::array<int, 15> horizontal = {27, 25, 5, 19, 8, 5, 15, 20, 25, 30, 35, 40, 164, 39, 0};
+    for (std::size_t n = 0; n < vertical.size(); ++n) {
+        EXPECT_EQ(kRegistryDefaults[57 + n].path, "\\Software\\Rovanel\\RpData\\VSp" + std::to_string(n + 1));
+        EXPECT_EQ(kRegistryDefaults[57 + n].defaultText, std::to_string(vertical[n]));
+    }
+    for (std::size_t n = 0; n < horizontal.size(); ++n) {
+        EXPECT_EQ(kRegistryDefaults[63 + n].path, "\\Software\\Rovanel\\RpData\\HSp" + std::to_string(n + 1));
+        EXPECT_EQ(kRegistryDefaults[63 + n].defaultText, std::to_string(horizontal[n]));
+    }
+}
+
+TEST_F(RegistryFile, CleanProfileGetsEveryDefaultAndEveryReadSucceeds)
+{
+    EXPECT_FALSE(EnsureRegistryDefaults(*m_store).has_value());
+    int records = 0;
+    for (const RegistryDefault& record : kRegistryDefaults) {
+        if (record.path.empty()) break;
+        ++records;
+        SCOPED_TRACE(std::string(record.path));
+        EXPECT_TRUE(m_store->keyExists(record.path));
+        if (record.type == 0) {
+            const StringRead read = RegReadString(*m_store, record.path);
+            EXPECT_FALSE(read.error.has_value());
+            EXPECT_EQ(read.value, record.defaultText);
+        } else if (record.type == 1) {
+            const IntegerRead read = RegReadInteger(*m_store, record.path);
+            EXPECT_FALSE(read.error.has_value());
+            EXPECT_EQ(std::to_string(read.value), record.defaultText);
+        } else {
+            const BoolRead read = RegReadBool(*m_store, record.path);
+            EXPECT_FALSE(read.error.has_value());
+            EXPECT_EQ(read.value, record.defaultText == "1");
+        }
+    }
+    EXPECT_EQ(records, 86);
+    // A second start finds everything and changes nothing.
+    const std::string first = content();
+    EXPECT_FALSE(EnsureRegistryDefaults(*m_store).has_value());
+    EXPECT_EQ(content(), first);
+}
+
+TEST_F(RegistryFile, FileHoldsOneSectionPerKeyWithTheValueNamedByTheFullPath)
+{
+    ASSERT_FALSE(EnsureRegistryDefaults(*m_store).has_value());
+    const std::string text = content();
+    for (const std::string_view expected :
+         {"[Software\\Rovanel]\r\nSoftware\\Rovanel=sz:\"\"\r\n",
+          "[Software\\Rovanel\\Version]\r\n\\Software\\Rovanel\\Version=sz:\"1.0\"\r\n",
+          "[Software\\Rovanel\\CheckUpg]\r\n\\Software\\Rovanel\\CheckUpg=dword:1\r\n",
+          "[Software\\Rovanel\\RefColWidth\\8]\r\n\\Software\\Rovanel\\RefColWidth\\8=dword:102\r\n",
+          "\\Software\\Rovanel\\RpData\\KgyTxtPath=sz:\"c:\\rovanelw\\kgy.txt\"\r\n"}) {
+        SCOPED_TRACE(std::string(expected));
+        EXPECT_NE(text.find(expected), std::string::npos);
+    }
+    EXPECT_LT(text.find("CheckUpg]"), text.find("UpgShow]"));  // the order of creation
+}
+
+TEST_F(RegistryFile, KeyWithoutItsValueIsNotRepairedAndReadsGiveTheError)
+{
+    ASSERT_FALSE(m_store->createKey("\\Software\\Rovanel\\UpgShow").has_value());
+    ASSERT_FALSE(m_store->createKey("\\Software\\Rovanel\\HttpProxy").has_value());
+    ASSERT_FALSE(EnsureRegistryDefaults(*m_store).has_value());
+
+    const BoolRead flag = RegReadBool(*m_store, "\\Software\\Rovanel\\UpgShow");
+    EXPECT_FALSE(flag.value);
+    ASSERT_TRUE(flag.error.has_value());
+    EXPECT_EQ(flag.error->text, kNotFound);
+    EXPECT_EQ(flag.error->caption, "Rovanel");
+    EXPECT_EQ(flag.error->icon, MessageIcon::Stop);
+
+    const StringRead proxy = RegReadString(*m_store, "\\Software\\Rovanel\\HttpProxy");
+    EXPECT_EQ(proxy.value, "");
+    ASSERT_TRUE(proxy.error.has_value());
+    EXPECT_EQ(proxy.error->text, kNotFound);
+
+    // The neighbours were created as usual.
+    EXPECT_TRUE(RegReadBool(*m_store, "\\Software\\Rovanel\\CheckUpg").value);
+}
+
+TEST_F(RegistryFile, ExistingValueIsNeverOverwrittenByItsDefault)
+{
+    ASSERT_FALSE(m_store->createKey("\\Software\\Rovanel\\CheckUpg").has_value());
+    ASSERT_FALSE(RegWriteBool(*m_store, "\\Software\\Rovanel\\CheckUpg", false).has_value());
+    ASSERT_FALSE(m_store->createKey("\\Software\\Rovanel\\Version").has_value());
+    ASSERT_FALSE(RegWriteString(*m_store, "\\Software\\Rovanel\\Version", "20240131").has_value());
+    ASSERT_FALSE(EnsureRegistryDefaults(*m_store).has_value());
+    EXPECT_FALSE(RegReadBool(*m_store, "\\Software\\Rovanel\\CheckUpg").value);
+    EXPECT_EQ(RegReadString(*m_store, "\\Software\\Rovanel\\Version").value, "20240131");
+}
+
+TEST_F(RegistryFile, ConversionErrorStopsTheInitialisationAndKeepsWhatWasMade)
+{
+    const RegistryDefault table[] = {{"\\Software\\Test\\A", "1", 1},
+                                     {"\\Software\\Test\\B", "x1", 1},
+                                     {"\\Software\\Test\\C", "1", 2},
+                                     {"", "", 0}};
+    const auto error = EnsureRegistryDefaults(*m_store, table);
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(cp1250ToUtf8(error->text), "'x1' nem érvényes egész szám.");
+    EXPECT_EQ(RegReadInteger(*m_store, "\\Software\\Test\\A").value, 1);
+    EXPECT_TRUE(m_store->keyExists("\\Software\\Test\\B"));  // created before its conversion failed
+    EXPECT_FALSE(m_store->keyExists("\\Software\\Test\\C"));
+}
+
+TEST_F(RegistryFile, UnknownTypeCreatesTheKeyWithoutValueAndTheTableEndsAtTheEmptyPath)
+{
+    const RegistryDefault table[] = {
+        {"\\Software\\Test\\Odd", "1", 7}, {"", "", 0}, {"\\Software\\Test\\After", "1", 1}};
+    EXPECT_FALSE(EnsureRegistryDefaults(*m_store, table).has_value());
+    EXPECT_TRUE(m_store->keyExists("\\Software\\Test\\Odd"));
+    EXPECT_EQ(RegReadInteger(*m_store, "\\Software\\Test\\Odd").error->text, kNotFound);
+    EXPECT_FALSE(m_store->keyExists("\\Software\\Test\\After"));
+}
+
+TEST_F(RegistryFile, ReadsAndWritesFollowTheRegistryRules)
+{
+    ASSERT_FALSE(EnsureRegistryDefaults(*m_store).has_value());
+    // A reader of another type fails.
+    EXPECT_EQ(RegReadString(*m_store, "\\Software\\Rovanel\\CheckUpg").error->text, kWrongType);
+    EXPECT_EQ(RegReadBool(*m_store, "\\Software\\Rovanel\\RtfFontSize").error->text, kWrongType);
+    // A missing key fails, and a writer does not create it.
+    EXPECT_EQ(RegReadBool(*m_store, "\\Software\\Rovanel\\Nincs").error->text, kNotFound);
+    const auto refused = RegWriteBool(*m_store, "\\Software\\Rovanel\\Nincs", true);
+    ASSERT_TRUE(refused.has_value());
+    EXPECT_EQ(refused->text, kNotFound);
+    EXPECT_FALSE(m_store->keyExists("\\Software\\Rovanel\\Nincs"));
+    // Keys and value names match without regard to case; a leading backslash names the same key.
+    EXPECT_TRUE(RegReadBool(*m_store, "\\SOFTWARE\\rovanel\\checkupg").value);
+    EXPECT_TRUE(m_store->keyExists("Software\\Rovanel\\RpData"));  // a parent of created keys
+    EXPECT_FALSE(m_store->keyExists("Software\\Rovanel\\RpDat"));
+    // Any text survives the file: blanks at both ends, quotes, line ends, the escape character.
+    for (const std::string& text : {std::string("  proxy.example.hu  "), std::string("a\"b\"c"),
+                                    std::string("1\r\n2%41"), std::string("\xE1rv\xED"), std::string()}) {
+        SCOPED_TRACE(text);
+        ASSERT_FALSE(RegWriteString(*m_store, "\\Software\\Rovanel\\HttpProxy", text).has_value());
+        EXPECT_EQ(openRegistryFile(file())
+                      ->readValue("\\Software\\Rovanel\\HttpProxy", "\\Software\\Rovanel\\HttpProxy")
+                      .value->text,
+                  text);
+    }
+    ASSERT_FALSE(RegWriteInteger(*m_store, "\\Software\\Rovanel\\RefColWidth\\3", -5).has_value());
+    EXPECT_EQ(RegReadInteger(*m_store, "\\Software\\Rovanel\\RefColWidth\\3").value, -5);
+}
+
+TEST_F(RegistryFile, DamagedLinesAreIgnoredAndUnknownDataReadsAsTheWrongType)
+{
+    {
+        std::ofstream out(file(), std::ios::binary);
+        out << "garbage without section\r\n"
+               "[Software\\Rovanel\\UpgShow]\r\n"
+               "\\Software\\Rovanel\\UpgShow=dword:12x\r\n"
+               "line without equals\r\n"
+               "[Software\\Rovanel\\Version]\r\n"
+               "\\Software\\Rovanel\\Version=sz:\"2.0\"\r\n"
+               "\\Software\\Rovanel\\Version=sz:\"3.0\"\r\n"
+               "[Software\\Rovanel\\HttpProxy\r\n"
+               "\\Software\\Rovanel\\HttpProxy=sz:\"1.0\"\r\n"
+               "[Software\\Rovanel\\ProxyPort]\r\n"
+               "\\Software\\Rovanel\\ProxyPort=sz:\"unterminated\r\n";
+    }
+    EXPECT_EQ(RegReadBool(*m_store, "\\Software\\Rovanel\\UpgShow").error->text, kWrongType);
+    EXPECT_EQ(RegReadString(*m_store, "\\Software\\Rovanel\\Version").value, "2.0");  // first line wins
+    // A header without its closing bracket is no key.
+    EXPECT_EQ(RegReadString(*m_store, "\\Software\\Rovanel\\HttpProxy").error->text, kNotFound);
+    EXPECT_EQ(RegReadString(*m_store, "\\Software\\Rovanel\\ProxyPort").error->text, kWrongType);
+}
+
+TEST_F(RegistryFile, StoreThatCannotBeWrittenGivesAccessDeniedAndTheFirstErrorEndsStartUpWork)
+{
+    std::filesystem::create_directories(file());  // a directory where the file should be
+    const auto error = EnsureRegistryDefaults(*m_store);
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(cp1250ToUtf8(error->text), kRegistryAccessDeniedText);
+    EXPECT_EQ(RegReadBool(*m_store, "\\Software\\Rovanel\\CheckUpg").error->text, kNotFound);
+}
+
+}  // namespace
+}  // namespace rovanel
