@@ -1,0 +1,133 @@
+#include "app/DatabaseAge.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <ctime>
+#include <fstream>
+
+#include "db/Cp1250.h"
+
+namespace rovanel
+{
+namespace
+{
+
+class DatabaseAge : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        m_directory = std::filesystem::temp_directory_path() /
+                      ("rovanel-age-" + std::to_string(::getpid()) + "-" +
+                       ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::filesystem::remove_all(m_directory);
+        std::filesystem::create_directories(m_directory);
+    }
+    void TearDown() override { std::filesystem::remove_all(m_directory); }
+
+    void write(const std::string& name, const std::string& content)
+    {
+        std::ofstream(m_directory / name, std::ios::binary) << content;
+    }
+
+    // gy.ful last changed in the middle of the given month (local time).
+    void writeDatabaseDated(YearMonth date, const std::string& name = "gy.ful")
+    {
+        write(name, "#vege\r\n");
+        std::tm local{};
+        local.tm_year = date.year - 1900;
+        local.tm_mon = date.month - 1;
+        local.tm_mday = 15;
+        local.tm_hour = 12;
+        local.tm_isdst = -1;
+        const auto system = std::chrono::system_clock::from_time_t(std::mktime(&local));
+        std::filesystem::last_write_time(m_directory / name, std::chrono::file_clock::from_sys(system));
+    }
+
+    std::filesystem::path m_directory;
+};
+
+TEST(MonthsBetween, CountsCalendarMonthsAcrossYears)
+{
+    EXPECT_EQ(monthsBetween({2023, 12}, {2024, 3}), 3);
+    EXPECT_EQ(monthsBetween({2024, 3}, {2024, 3}), 0);
+    EXPECT_EQ(monthsBetween({2024, 5}, {2024, 3}), -2);
+    EXPECT_EQ(monthsBetween({2023, 3}, {2024, 3}), 12);
+}
+
+TEST_F(DatabaseAge, TitleAndWarningFollowTheAgeOfTheDatabaseFile)
+{
+    write("zaras.inf", "20240131\r\n2024.01.31\r\n");
+    const std::string base = "Rovanel - 20240131 Lez\xE1rva:2024.01.31";
+    const std::string milder = utf8ToCp1250(" - Az adatbázis veszített aktualitásából! ");
+    const std::string stronger = utf8ToCp1250(" - Az adatbázis sokat veszített aktualitásából! ");
+    const std::string milderText =
+        utf8ToCp1250("Az adatbázis veszített aktualitásából,\n       frissíte a programot.");
+    const std::string strongerText =
+        utf8ToCp1250("Az adatbázis sokat veszített aktualitásából,\n        frissítse a programot.");
+    struct Case {
+        const char* what;
+        YearMonth today;
+        std::string title;
+        std::optional<std::string> warning;
+    };
+    const Case cases[] = {
+        {"same month", {2024, 2}, base, std::nullopt},
+        {"two months", {2024, 4}, base, std::nullopt},
+        {"three months", {2024, 5}, base + milder, milderText},
+        {"four months", {2024, 6}, base + milder, milderText},
+        {"five months", {2024, 7}, base + stronger, strongerText},
+        {"twelve months", {2025, 2}, base + stronger, strongerText},
+        {"dated in the future", {2023, 11}, base, std::nullopt},
+    };
+    writeDatabaseDated({2024, 2});
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        const DatabaseAgeCheck check = checkDatabaseAge(m_directory, "Rovanel", "", c.today);
+        EXPECT_TRUE(check.checked);
+        EXPECT_EQ(check.title, c.title);
+        EXPECT_EQ(check.closingDate, "20240131");
+        ASSERT_EQ(check.warning.has_value(), c.warning.has_value());
+        if (c.warning) {
+            EXPECT_EQ(check.warning->text, *c.warning);
+            EXPECT_EQ(check.warning->caption, "Rovanel");
+        }
+    }
+}
+
+TEST_F(DatabaseAge, MissingFilesGiveTheStatedOutcomes)
+{
+    // No gy.ful: nothing changes, not even the closing date.
+    write("zaras.inf", "20240131\r\n2024.01.31\r\n");
+    DatabaseAgeCheck check = checkDatabaseAge(m_directory, "Rovanel", "old", {2024, 2});
+    EXPECT_FALSE(check.checked);
+    EXPECT_EQ(check.title, "Rovanel");
+    EXPECT_EQ(check.closingDate, "old");
+    EXPECT_FALSE(check.warning.has_value());
+
+    // gy.ful in upper case is the same file; no zaras.inf: empty date and line, previous ClosingDate kept.
+    std::filesystem::remove(m_directory / "zaras.inf");
+    writeDatabaseDated({2024, 2}, "GY.FUL");
+    check = checkDatabaseAge(m_directory, "Rovanel", "", {2024, 2});
+    EXPECT_TRUE(check.checked);
+    EXPECT_EQ(check.title, "Rovanel -  Lez\xE1rva:");
+}
+
+TEST_F(DatabaseAge, ZarasLinesAreCutAtSeventyNineCharactersAndLoseTheirLineEnds)
+{
+    writeDatabaseDated({2024, 2});
+    const std::string longLine(100, 'x');
+    write("ZARAS.INF", longLine + "\r\n2024.01.31");
+    DatabaseAgeCheck check = checkDatabaseAge(m_directory, "Rovanel", "", {2024, 2});
+    EXPECT_EQ(check.closingDate, std::string(79, 'x'));
+    EXPECT_EQ(check.title, "Rovanel - " + std::string(79, 'x') + " Lez\xE1rva:2024.01.31");
+
+    write("ZARAS.INF", "20240131\n");  // one line, bare LF
+    check = checkDatabaseAge(m_directory, "Rovanel", "", {2024, 2});
+    EXPECT_EQ(check.title, "Rovanel - 20240131 Lez\xE1rva:");
+}
+
+}  // namespace
+}  // namespace rovanel
