@@ -1,9 +1,41 @@
-// Entry of the Rovanel program; the main window arrives with its own change.
+// rvw32: the Rovanel program. Refuses a second start, creates every window once (the main window
+// first), and runs until the main window closes. The data directory is the working directory.
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+#include <cstdio>
+#include <memory>
+
+#include "app/forms/Rvmain.h"
+#include "app/forms/SingleInstance.h"
 
 int main(int argc, char** argv)
 {
+    QElapsedTimer started;
+    started.start();
+
     QApplication app(argc, argv);
     QApplication::setApplicationName("Rovanel");
-    return 0;
+    // A running main window comes to the front instead; nothing opens here.
+    if (raiseRunningInstance()) return 0;
+    // Closing the main window ends the program, whatever other windows are open.
+    app.setQuitOnLastWindowClosed(false);
+
+    // The windows, in their order of creation; each is handed to the main window, whose menu opens it.
+    auto Main = std::make_unique<TMain>(QApplication::arguments().mid(1));
+    QObject::connect(Main.get(), &TMain::closed, &app, &QCoreApplication::quit);
+
+    new SingleInstanceAnswer(Main.get());
+    Main->show();
+
+    // ROVANEL_STARTUP_TIMING=1: report the time from start to the shown main window, then end.
+    if (qEnvironmentVariableIsSet("ROVANEL_STARTUP_TIMING")) {
+        QTimer::singleShot(0, &app, [&] {
+            std::printf("rvw32: main window shown after %lld ms\n",
+                        static_cast<long long>(started.elapsed()));
+            std::fflush(stdout);
+            Main->close();
+        });
+    }
+    return app.exec();
 }

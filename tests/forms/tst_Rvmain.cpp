@@ -1,0 +1,406 @@
+// The main window driven by its control names: menu, shortcuts, title and age warning, parameters,
+// registry defaults, help key, and the single-instance guard between two real rvw32 processes.
+#include <QAction>
+#include <QDateTime>
+#include <QDir>
+#include <QLabel>
+#include <QLocalSocket>
+#include <QMenu>
+#include <QMenuBar>
+#include <QProcess>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QtTest>
+#include <memory>
+
+#include "app/RegistrySettings.h"
+#include "app/forms/Help.h"
+#include "app/forms/Rvmain.h"
+#include "app/forms/SingleInstance.h"
+#include "db/Cp1250.h"
+#include "tests/forms/support/MessageRecorder.h"
+#include "tests/support/TinyDatabase.h"
+
+using rovanel::testing::ScratchDirectory;
+
+namespace
+{
+
+const QString kMilder =
+    QString::fromUtf8("Az adatbázis veszített aktualitásából,\n       frissíte a programot.");
+const QString kStronger =
+    QString::fromUtf8("Az adatbázis sokat veszített aktualitásából,\n        frissítse a programot.");
+
+void copyPictures(const ScratchDirectory& directory)
+{
+    for (const char* name : {"Rg0.jpg", "Rg1.jpg", "r1.jpg", "r2.jpg"})
+        std::filesystem::copy_file(std::filesystem::path(ROVANEL_SOURCE_DIR) / "data" / "demo" / name,
+                                   directory.path() / name);
+}
+
+void setDatabaseAge(const ScratchDirectory& directory, int months)
+{
+    QFile file(QString::fromStdString((directory.path() / "gy.ful").string()));
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(
+        file.setFileTime(QDateTime::currentDateTime().addMonths(-months), QFileDevice::FileModificationTime));
+}
+
+QString registryText(const ScratchDirectory& config)
+{
+    return QString::fromStdString(config.read("registry.ini"));
+}
+
+}  // namespace
+
+class TestRvmain : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+
+    void menuHoldsEveryItemWithCaptionAndShortcut();
+    void attachedWindowOpensFromItsItemAndShortcut();
+    void duplicateCtrlRFiresTheFirstEnabledItem();
+    void titleCarriesClosingDateAndAgeWarning_data();
+    void titleCarriesClosingDateAndAgeWarning();
+    void missingDatabaseFileLeavesTitleAlone();
+    void parametersChooseWhatOpens_data();
+    void parametersChooseWhatOpens();
+    void cleanProfileGetsEveryRegistryDefault();
+    void keyWithoutValueIsNotRepairedAndItsReadShowsTheError();
+    void missingPictureIsReportedAndStartGoesOn();
+    void helpKeyOpensTheMainWindowPage();
+    void closingReleasesTheTablesAndEndsTheProgram();
+    void secondStartRaisesTheRunningWindowAndEnds();
+
+private:
+    std::unique_ptr<ScratchDirectory> m_data;
+    std::unique_ptr<ScratchDirectory> m_config;
+    std::unique_ptr<MessageRecorder> m_messages;
+    QString m_previousDirectory;
+};
+
+void TestRvmain::init()
+{
+    m_data = std::make_unique<ScratchDirectory>();
+    m_config = std::make_unique<ScratchDirectory>();
+    rovanel::testing::writeTinyDatabase(*m_data);
+    copyPictures(*m_data);
+    qputenv("ROVANEL_CONFIG_DIR", QByteArray::fromStdString(m_config->path().string()));
+    m_previousDirectory = QDir::currentPath();
+    QDir::setCurrent(QString::fromStdString(m_data->path().string()));
+    m_messages = std::make_unique<MessageRecorder>();
+}
+
+void TestRvmain::cleanup()
+{
+    m_messages.reset();
+    QDir::setCurrent(m_previousDirectory);
+    m_data.reset();
+    m_config.reset();
+}
+
+void TestRvmain::menuHoldsEveryItemWithCaptionAndShortcut()
+{
+    TMain main({});
+    auto* bar = main.findChild<QMenuBar*>("MainMenu1");
+    auto* drugs = main.findChild<QMenu*>("Edit1");
+    QVERIFY(bar && drugs);
+    QCOMPARE(drugs->title(), QString::fromUtf8("&Gyógyszer"));
+    struct Item {
+        const char* name;
+        const char* caption;
+        const char* shortcut;
+        QWidget* owner;
+    };
+    const Item items[] = {
+        {"RefMenu", "&Részletes lista", "Ctrl+R", drugs},
+        {"LeirMenu", "&Leírások", "Ctrl+L", drugs},
+        {"KhMenu", "&Kölcsönhatás - ATC", "Ctrl+K", drugs},
+        {"HaMenu", "&Hatóanyag", "Ctrl+H", drugs},
+        {"Mellkhats1", "&Mellékhatás", "Ctrl+M", drugs},
+        {"FoNo1", "&FoNo", "Ctrl+F", drugs},
+        {"SajtMagi1", "Saját Magi", "Ctrl+S", drugs},
+        {"Kzgygyigazols1", "Köz&gyógy igazolás", "Ctrl+G", drugs},
+        {"AllandoGy", "Állandó gyógyszerek listája", "Ctrl+N", drugs},
+        {"Rendeletek1", "&Rendeletek", "Ctrl+R", drugs},
+        {"Bno1", "&Bno", "", bar},
+        {"Segdeszkz1", "&Segédeszköz", "", bar},
+        {"Belltsok1", "Beá&llítások", "", bar},
+        {"Vge1", "Vége", "", bar},
+    };
+    QList<QAction*> drugItems;
+    QList<QAction*> barItems{drugs->menuAction()};
+    for (const Item& item : items) {
+        auto* action = main.findChild<QAction*>(item.name);
+        QVERIFY2(action, item.name);
+        QCOMPARE(action->text(), QString::fromUtf8(item.caption));
+        QCOMPARE(action->shortcut(), QKeySequence(QString::fromLatin1(item.shortcut)));
+        // No window of this program is attached here: only the exit item works.
+        QCOMPARE(action->isEnabled(), QByteArray(item.name) == "Vge1");
+        (item.owner == drugs ? drugItems : barItems).append(action);
+    }
+    QCOMPARE(drugs->actions(), drugItems);
+    QCOMPARE(bar->actions(), barItems);
+    QVERIFY(main.findChild<QTimer*>("Timer1"));
+    QCOMPARE(main.findChild<QTimer*>("Timer1")->interval(), 60000);
+    QVERIFY(main.findChild<QTimer*>("Timer1")->isActive());
+}
+
+void TestRvmain::attachedWindowOpensFromItsItemAndShortcut()
+{
+    TMain main({});
+    QWidget descriptions;
+    QWidget interactions;
+    main.attachWindow(TMain::Window::Gylist, &descriptions);
+    main.attachWindow(TMain::Window::Kh, &interactions);
+    auto* item = main.findChild<QAction*>("LeirMenu");
+    QVERIFY(item->isEnabled());
+    item->trigger();
+    QVERIFY(descriptions.isVisible());
+    descriptions.hide();
+
+    main.show();
+    QVERIFY(QTest::qWaitForWindowActive(&main));
+    QTest::keyClick(&main, Qt::Key_K, Qt::ControlModifier);
+    QVERIFY(interactions.isVisible());
+    QVERIFY(!descriptions.isVisible());
+
+    int calls = 0;
+    bool listMode = false;
+    main.attachPermanentDrugs([&](bool setListMode) {
+        ++calls;
+        listMode = setListMode;
+    });
+    main.findChild<QAction*>("AllandoGy")->trigger();
+    QCOMPARE(calls, 1);
+    QVERIFY(listMode);  // the menu sets the list mode to 3 first
+}
+
+void TestRvmain::duplicateCtrlRFiresTheFirstEnabledItem()
+{
+    TMain main({});
+    QWidget regulations;
+    main.attachWindow(TMain::Window::Rend, &regulations);
+    main.show();
+    QVERIFY(QTest::qWaitForWindowActive(&main));
+    // The detailed list is not there: Ctrl+R reaches the regulations.
+    QTest::keyClick(&main, Qt::Key_R, Qt::ControlModifier);
+    QVERIFY(regulations.isVisible());
+    regulations.hide();
+
+    QWidget detailedList;
+    main.attachWindow(TMain::Window::RefForm, &detailedList);
+    main.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&main));
+    for (int press = 0; press < 2; ++press) {  // every press, not every other one
+        QTest::keyClick(&main, Qt::Key_R, Qt::ControlModifier);
+        QVERIFY(detailedList.isVisible());
+        QVERIFY(!regulations.isVisible());
+        detailedList.hide();
+        main.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&main));
+    }
+}
+
+void TestRvmain::titleCarriesClosingDateAndAgeWarning_data()
+{
+    QTest::addColumn<int>("months");
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<QStringList>("messages");
+    QTest::newRow("two months") << 2 << QString() << QStringList{};
+    QTest::newRow("four months") << 4 << QString::fromUtf8(" - Az adatbázis veszített aktualitásából! ")
+                                 << QStringList{kMilder};
+    QTest::newRow("twelve months") << 12
+                                   << QString::fromUtf8(" - Az adatbázis sokat veszített aktualitásából! ")
+                                   << QStringList{kStronger};
+}
+
+void TestRvmain::titleCarriesClosingDateAndAgeWarning()
+{
+    QFETCH(int, months);
+    QFETCH(QString, suffix);
+    QFETCH(QStringList, messages);
+    setDatabaseAge(*m_data, months);
+    TMain main({});
+    QCOMPARE(main.windowTitle(), QString::fromUtf8("Rovanel - 20261101 Lezárva:2026.11.01") + suffix);
+    QCOMPARE(main.ClosingDate, std::string("20261101"));
+    QCOMPARE(m_messages->texts(), messages);
+    if (!messages.isEmpty()) QCOMPARE(m_messages->captions(), QStringList{"Rovanel"});
+}
+
+void TestRvmain::missingDatabaseFileLeavesTitleAlone()
+{
+    m_data->remove("gy.ful");
+    TMain main({});
+    QCOMPARE(main.windowTitle(), QString("Rovanel"));
+    QVERIFY(main.ClosingDate.empty());
+    QVERIFY(m_messages->texts().isEmpty());
+}
+
+void TestRvmain::parametersChooseWhatOpens_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<bool>("picture");
+    QTest::addColumn<QString>("opened");
+    QTest::newRow("none") << QStringList{} << true << QString();
+    QTest::newRow("-gy") << QStringList{"-gy"} << false << QString("Gylist");
+    QTest::newRow("-r") << QStringList{"-r"} << false << QString("RefForm");
+    QTest::newRow("-a") << QStringList{"-a"} << false << QString("permanent");
+    QTest::newRow("upper-case -GY") << QStringList{"-GY"} << true << QString();
+    QTest::newRow("-gy second") << QStringList{"x", "-gy"} << true << QString();
+}
+
+void TestRvmain::parametersChooseWhatOpens()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(bool, picture);
+    QFETCH(QString, opened);
+    TMain main(arguments);
+    QWidget descriptions;
+    QWidget detailedList;
+    QList<bool> permanentCalls;
+    main.attachWindow(TMain::Window::Gylist, &descriptions);
+    main.attachWindow(TMain::Window::RefForm, &detailedList);
+    main.attachPermanentDrugs([&](bool setListMode) { permanentCalls.append(setListMode); });
+    main.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&main));
+
+    auto* RG1 = main.findChild<QLabel*>("RG1");
+    QVERIFY(RG1);
+    QCOMPARE(RG1->isVisible(), picture);
+    QCOMPARE(!RG1->pixmap().isNull(), picture);
+    QCOMPARE(main.centralWidget()->height(), picture ? 400 : 0);
+    QCOMPARE(main.width(), 638);
+    QCOMPARE(main.minimumSize(), main.maximumSize());  // fixed border
+    QVERIFY(main.menuBar()->isVisible());
+    QVERIFY(!main.findChild<QPushButton*>("Tovabb")->isVisible());
+    QCOMPARE(descriptions.isVisible(), opened == "Gylist");
+    QCOMPARE(detailedList.isVisible(), opened == "RefForm");
+    QCOMPARE(permanentCalls, opened == "permanent" ? QList<bool>{false} : QList<bool>{});
+    QVERIFY(!main.UpgChecked);
+    QVERIFY(!main.UpgRunning);
+    QCOMPARE(main.PicCount, 1);  // Rg0.jpg and Rg1.jpg; r1.jpg and r2.jpg do not count
+}
+
+void TestRvmain::cleanProfileGetsEveryRegistryDefault()
+{
+    TMain main({});
+    QVERIFY(m_messages->texts().isEmpty());
+    QVERIFY(main.UpgChecked);  // set at creation whatever CheckUpg says; FormShow clears it
+    const QString text = registryText(*m_config);
+    QCOMPARE(text.count("\r\n["), 86);
+    QVERIFY(text.contains("[Software\\Rovanel\\CheckUpg]\r\n\\Software\\Rovanel\\CheckUpg=dword:1\r\n"));
+    QVERIFY(text.contains("\\Software\\Rovanel\\RpData\\LeftFekvo=dword:655\r\n"));
+    const rovanel::StringRead size =
+        rovanel::RegReadString(main.registry(), "\\Software\\Rovanel\\RtfFontSize");
+    QCOMPARE(size.value, std::string("22"));
+    main.show();
+    QVERIFY(!main.UpgChecked);
+}
+
+void TestRvmain::keyWithoutValueIsNotRepairedAndItsReadShowsTheError()
+{
+    m_config->write("registry.ini", "[Software\\Rovanel\\CheckUpg]\r\n");
+    TMain main({});
+    QCOMPARE(m_messages->texts(), QStringList{QString::fromUtf8("A rendszer nem találja a megadott fájlt.")});
+    QCOMPARE(m_messages->messages().front().icon, rovanel::MessageIcon::Stop);
+    QVERIFY(main.UpgChecked);
+    QVERIFY(!registryText(*m_config).contains("\\Software\\Rovanel\\CheckUpg="));
+    QVERIFY(registryText(*m_config).contains("\\Software\\Rovanel\\UpgShow=dword:1"));
+}
+
+void TestRvmain::missingPictureIsReportedAndStartGoesOn()
+{
+    m_data->remove("Rg0.jpg");
+    TMain main({});
+    QCOMPARE(m_messages->texts(), QStringList{QString::fromUtf8("A(z) \"Rg0.jpg\" kép nem tölthető be.")});
+    main.show();
+    QVERIFY(main.menuBar()->isVisible());
+    QVERIFY(main.windowTitle().contains(QString::fromUtf8("Lezárva")));
+}
+
+void TestRvmain::helpKeyOpensTheMainWindowPage()
+{
+    QList<int> opened;
+    const HelpOpener previous = setHelpOpener([&](int context) { opened.append(context); });
+    TMain main({});
+    main.show();
+    QVERIFY(QTest::qWaitForWindowActive(&main));
+    QTest::keyClick(&main, Qt::Key_F1);
+    setHelpOpener(previous);
+    QCOMPARE(opened, QList<int>{100});
+    QVERIFY(helpPagePath(100).endsWith("help/100.html"));
+    QVERIFY(QFile::exists(helpPagePath(100)));
+    QVERIFY(helpPagePath(99999).endsWith("help/index.html"));
+}
+
+void TestRvmain::closingReleasesTheTablesAndEndsTheProgram()
+{
+    TMain main({});
+    QCOMPARE(main.state().tables.productNames.size(), std::size_t{5});
+    QSignalSpy closed(&main, &TMain::closed);
+    main.show();
+    main.findChild<QAction*>("Vge1")->trigger();
+    QCOMPARE(closed.count(), 1);
+    QVERIFY(main.state().tables.productNames.empty());
+    QVERIFY(main.state().tables.productCodes.empty());
+}
+
+void TestRvmain::secondStartRaisesTheRunningWindowAndEnds()
+{
+    const auto start = [&](QProcess& process, const ScratchDirectory& data) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        environment.insert("ROVANEL_CONFIG_DIR", QString::fromStdString(m_config->path().string()));
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(QString::fromStdString(data.path().string()));
+        process.start(ROVANEL_RVW32, {});
+        QVERIFY(process.waitForStarted());
+    };
+    const auto answers = [] {
+        QLocalSocket socket;
+        socket.connectToServer(singleInstanceServerName());
+        if (!socket.waitForConnected(200)) return false;
+        socket.write("raise\n");
+        return socket.waitForReadyRead(2000) && socket.readAll() == "raised\n";
+    };
+
+    // A running main window whose caption holds "Rovanel" and "Lezárva" answers ...
+    QProcess first;
+    start(first, *m_data);
+    QTRY_VERIFY_WITH_TIMEOUT(answers(), 20000);
+
+    // ... and a second start ends at once with exit code 0, opening nothing.
+    QProcess second;
+    start(second, *m_data);
+    QVERIFY(second.waitForFinished(20000));
+    QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(second.exitCode(), 0);
+    QCOMPARE(first.state(), QProcess::Running);
+    first.terminate();
+    QVERIFY(first.waitForFinished(10000));
+
+    // Without "Lezárva" in the caption (no gy.ful, so no closing date) nothing answers: a second start
+    // opens its own window.
+    ScratchDirectory bare;
+    rovanel::testing::writeTinyDatabase(bare);
+    bare.remove("gy.ful");
+    copyPictures(bare);
+    QProcess untitled;
+    start(untitled, bare);
+    QProcess another;
+    start(another, bare);
+    QVERIFY(!another.waitForFinished(3000));
+    QVERIFY(!answers());
+    another.kill();
+    untitled.kill();
+    another.waitForFinished();
+    untitled.waitForFinished();
+}
+
+QTEST_MAIN(TestRvmain)
+#include "tst_Rvmain.moc"
