@@ -1,0 +1,339 @@
+#include "db/DatabaseGenerator.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+
+#include "db/DataFile.h"
+#include "db/DatabaseCheck.h"
+#include "db/HungarianCollation.h"
+#include "db/ProductIndex.h"
+#include "db/Text.h"
+#include "tests/support/ScratchDirectory.h"
+
+namespace rovanel
+{
+namespace
+{
+
+using testing::ScratchDirectory;
+
+std::string fileText(const std::filesystem::path& path)
+{
+    return readWholeFile(path).value_or(std::string());
+}
+
+// The lines of product `record`'s section `marker` (up to the next line starting with '#').
+std::vector<std::string> section(const std::filesystem::path& directory, std::int32_t record,
+                                 std::string_view marker)
+{
+    DataFile gyful(directory / "gy.ful");
+    DataFile nevpos(directory / "nevpos.dat");
+    const auto block = productBlock(gyful, nevpos, record);
+    std::vector<std::string> lines;
+    if (!block) return lines;
+    bool inside = false;
+    for (std::string line : *block) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (!line.empty() && line.front() == '#') {
+            if (inside) break;
+            inside = line == marker;
+            continue;
+        }
+        if (inside) lines.push_back(line);
+    }
+    return lines;
+}
+
+std::string productCode(const std::filesystem::path& directory, std::int32_t record)
+{
+    return std::string(
+        trim(fileText(directory / "KOD.DAT").substr(static_cast<std::size_t>(record) * 10, 10)));
+}
+
+bool prefixOf(std::string_view prefix, std::string_view code) { return code.starts_with(prefix); }
+
+TEST(DatabaseGenerator, GeneratedDatabasesAreConsistentAtEverySize)
+{
+    struct Case {
+        int products;
+        std::uint64_t seed;
+    };
+    for (const Case& c : {Case{kMinimumProducts, 1}, Case{300, 7}, Case{1200, 3}, Case{5000, 2}}) {
+        SCOPED_TRACE("products " + std::to_string(c.products) + ", seed " + std::to_string(c.seed));
+        ScratchDirectory directory;
+        std::string error;
+        const auto planted = generateDatabase(directory.path(), {c.products, c.seed}, &error);
+        ASSERT_TRUE(planted) << error;
+        EXPECT_EQ(planted->products, c.products);
+        EXPECT_EQ(planted->medicines + planted->nutrition + planted->others, c.products);
+        for (const std::string& problem : checkDatabase(directory.path())) ADD_FAILURE() << problem;
+    }
+}
+
+TEST(DatabaseGenerator, SameSeedGivesTheSameBytesAndAnotherSeedDiffers)
+{
+    ScratchDirectory first, second, third;
+    ASSERT_TRUE(generateDatabase(first.path(), {400, 11}));
+    ASSERT_TRUE(generateDatabase(second.path(), {400, 11}));
+    ASSERT_TRUE(generateDatabase(third.path(), {400, 12}));
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(first.path())) {
+        const auto name = entry.path().filename();
+        SCOPED_TRACE(name.string());
+        EXPECT_EQ(fileText(entry.path()), fileText(second.path() / name));
+        ++files;
+    }
+    EXPECT_EQ(files, 28);
+    EXPECT_NE(fileText(first.path() / "gy.ful"), fileText(third.path() / "gy.ful"));
+    EXPECT_NE(fileText(first.path() / "nevrend.dat"), fileText(third.path() / "nevrend.dat"));
+}
+
+TEST(DatabaseGenerator, NamesAreHungarianUpperCaseAndSortedWithinEachGroup)
+{
+    ScratchDirectory directory;
+    const auto planted = generateDatabase(directory.path(), {600, 4});
+    ASSERT_TRUE(planted);
+    const std::string names = fileText(directory.path() / "nevrend.dat");
+    ASSERT_EQ(names.size(), 600u * 50);
+    std::vector<std::string> list;
+    for (std::size_t p = 0; p < 600; ++p) {
+        const std::string_view line = std::string_view(names).substr(p * 50, 50);
+        EXPECT_EQ(line.substr(48), "\r\n");
+        list.emplace_back(trim(line.substr(0, 48)));
+        EXPECT_EQ(upperCaseCp1250(list.back()), list.back()) << list.back();
+    }
+    // Accented capitals of Windows-1250 occur (É, Ő, Ű, ...).
+    EXPECT_NE(names.find_first_of("\xC1\xC9\xCD\xD3\xD6\xD5\xDA\xDC\xDB"), std::string::npos);
+    const auto sorted = [&](std::size_t from, std::size_t to) {
+        for (std::size_t p = from + 1; p < to; ++p)
+            if (hungarianSortKey(list[p - 1]) > hungarianSortKey(list[p])) return false;
+        return true;
+    };
+    const auto medicines = static_cast<std::size_t>(planted->medicines);
+    const auto nutrition = static_cast<std::size_t>(planted->nutrition);
+    EXPECT_TRUE(sorted(0, medicines));
+    EXPECT_TRUE(sorted(medicines, medicines + nutrition));
+    EXPECT_TRUE(sorted(medicines + nutrition, 600));
+    // The nutrition products carry T codes, the others X codes.
+    EXPECT_EQ(productCode(directory.path(), static_cast<std::int32_t>(medicines))[0], 'T');
+    EXPECT_EQ(productCode(directory.path(), 599)[0], 'X');
+    // Lower-case accented text in the sections.
+    EXPECT_NE(fileText(directory.path() / "gy.ful").find("\xE1"), std::string::npos);  // á
+}
+
+TEST(DatabaseGenerator, EveryAtcGroupListsExactlyTheProductsOfItsCode)
+{
+    ScratchDirectory directory;
+    const auto planted = generateDatabase(directory.path(), {300, 9});
+    ASSERT_TRUE(planted);
+    const std::string kod = fileText(directory.path() / "KOD.DAT");
+    for (int k = 0; k < planted->atcGroups; ++k) {
+        const std::string group(
+            trim(std::string_view(kod).substr(300u * 10 + static_cast<std::size_t>(k) * 10, 10)));
+        std::vector<std::int32_t> expected;
+        for (std::size_t p = 0; p < 300; ++p)
+            if (std::string_view(kod).substr(p * 10, 10).starts_with(group))
+                expected.push_back(static_cast<std::int32_t>(p));
+        ASSERT_EQ(productsOfKey(directory.path(), IndexPair::Atc, k), expected) << group;
+    }
+    // The record after the last group reads as an empty list.
+    EXPECT_TRUE(productsOfKey(directory.path(), IndexPair::Atc, planted->atcGroups).empty());
+}
+
+TEST(DatabaseGenerator, PlantedInteractionAndContraindicationCasesBehaveAsDocumented)
+{
+    for (int products : {300, 2000}) {
+        SCOPED_TRACE(products);
+        ScratchDirectory directory;
+        const auto p = generateDatabase(directory.path(), {products, 21});
+        ASSERT_TRUE(p);
+        const auto& dir = directory.path();
+        // Avoid pair: each #til holds a prefix of the other's product code; no careful lines.
+        ASSERT_GE(p->avoidFirst, 0);
+        ASSERT_GE(p->avoidSecond, 0);
+        EXPECT_EQ(section(dir, p->avoidFirst, "#til"), std::vector<std::string>{p->avoidFirstCode});
+        EXPECT_EQ(section(dir, p->avoidSecond, "#til"), std::vector<std::string>{p->avoidSecondCode});
+        EXPECT_TRUE(prefixOf(p->avoidFirstCode, productCode(dir, p->avoidSecond)));
+        EXPECT_TRUE(prefixOf(p->avoidSecondCode, productCode(dir, p->avoidFirst)));
+        EXPECT_FALSE(prefixOf(p->avoidFirstCode, productCode(dir, p->avoidFirst)));
+        EXPECT_TRUE(section(dir, p->avoidFirst, "#ov").empty());
+        EXPECT_TRUE(section(dir, p->avoidSecond, "#ov").empty());
+        // Careful pair: exactly one careful line between them, nothing else.
+        EXPECT_EQ(section(dir, p->carefulFirst, "#ov"), std::vector<std::string>{p->carefulCode});
+        EXPECT_TRUE(prefixOf(p->carefulCode, productCode(dir, p->carefulSecond)));
+        EXPECT_FALSE(prefixOf(p->carefulCode, productCode(dir, p->carefulFirst)));
+        EXPECT_TRUE(section(dir, p->carefulFirst, "#til").empty());
+        EXPECT_TRUE(section(dir, p->carefulSecond, "#ov").empty());
+        EXPECT_TRUE(section(dir, p->carefulSecond, "#til").empty());
+        // Contraindication: the code is table 3 entry k, in the block, and the ellind list of k has it.
+        const std::string kod = fileText(dir / "KOD.DAT");
+        const std::size_t table3 =
+            static_cast<std::size_t>(products) * 10 + static_cast<std::size_t>(p->atcGroups) * 10;
+        EXPECT_EQ(trim(std::string_view(kod).substr(
+                      table3 + static_cast<std::size_t>(p->contraindicationIndex) * 6, 6)),
+                  "E0101");
+        const auto ell = section(dir, p->contraindicated, "#ell");
+        EXPECT_NE(std::find(ell.begin(), ell.end(), "E0101"), ell.end());
+        const auto listed = productsOfKey(dir, IndexPair::Contraindication, p->contraindicationIndex);
+        EXPECT_NE(std::find(listed.begin(), listed.end(), p->contraindicated), listed.end());
+        const auto group = productsOfKey(dir, IndexPair::Atc, p->contraindicatedGroupNode);
+        EXPECT_NE(std::find(group.begin(), group.end(), p->contraindicated), group.end());
+        EXPECT_EQ(
+            trim(std::string_view(kod).substr(static_cast<std::size_t>(products) * 10 +
+                                                  static_cast<std::size_t>(p->contraindicatedGroupNode) * 10,
+                                              10)),
+            productCode(dir, p->contraindicated).substr(0, 6));
+        // The over-long careful line.
+        ASSERT_EQ(p->longCodeLine.size(), 11u);
+        const auto careful = section(dir, p->longCodeLineDrug, "#ov");
+        EXPECT_NE(std::find(careful.begin(), careful.end(), p->longCodeLine), careful.end());
+        // All planted drugs are medicines, and distinct.
+        std::vector<std::int32_t> drugs = {p->avoidFirst,    p->avoidSecond,     p->carefulFirst,
+                                           p->carefulSecond, p->contraindicated, p->longCodeLineDrug};
+        for (std::int32_t d : drugs) EXPECT_LT(d, p->medicines);
+        std::sort(drugs.begin(), drugs.end());
+        EXPECT_EQ(std::adjacent_find(drugs.begin(), drugs.end()), drugs.end());
+    }
+}
+
+TEST(DatabaseGenerator, SizeBasedCasesExistOnlyInLargeDatabases)
+{
+    ScratchDirectory small;
+    const auto s = generateDatabase(small.path(), {300, 1});
+    ASSERT_TRUE(s);
+    EXPECT_EQ(s->largeLevel1Node, -1);
+    EXPECT_EQ(s->largeLevel2Node, -1);
+    EXPECT_EQ(s->commonSideEffect, -1);
+    EXPECT_EQ(s->ingredient600, -1);
+    EXPECT_EQ(s->ingredient601, -1);
+
+    ScratchDirectory large;
+    const auto p = generateDatabase(large.path(), {6000, 1});
+    ASSERT_TRUE(p);
+    const auto& dir = large.path();
+    ASSERT_GE(p->largeLevel1Node, 0);
+    ASSERT_GE(p->largeLevel2Node, 0);
+    EXPECT_EQ(p->largeLevel1Code.size(), 1u);
+    EXPECT_EQ(p->largeLevel2Code.size(), 3u);
+    EXPECT_EQ(productsOfKey(dir, IndexPair::Atc, p->largeLevel1Node).size(),
+              static_cast<std::size_t>(p->largeLevel1Products));
+    EXPECT_GT(productsOfKey(dir, IndexPair::Atc, p->largeLevel2Node).size(), 600u);
+    ASSERT_GE(p->commonSideEffect, 0);
+    EXPECT_GT(productsOfKey(dir, IndexPair::SideEffect, p->commonSideEffect).size(), 600u);
+    ASSERT_GE(p->ingredient600, 0);
+    ASSERT_GE(p->ingredient601, 0);
+    EXPECT_EQ(productsOfKey(dir, IndexPair::Ingredient, p->ingredient600).size(), 600u);
+    EXPECT_EQ(productsOfKey(dir, IndexPair::Ingredient, p->ingredient601).size(), 601u);
+}
+
+TEST(DatabaseGenerator, RefusesOptionsOutOfRangeAndUnwritableDirectories)
+{
+    ScratchDirectory directory;
+    std::string error;
+    EXPECT_FALSE(generateDatabase(directory.path(), {kMinimumProducts - 1, 1}, &error));
+    EXPECT_NE(error.find("between"), std::string::npos);
+    EXPECT_FALSE(generateDatabase(directory.path(), {kMaximumProducts + 1, 1}, &error));
+    directory.write("plain-file", "x");
+    error.clear();
+    EXPECT_FALSE(generateDatabase(directory.path() / "plain-file", {100, 1}, &error));
+    EXPECT_FALSE(error.empty());
+}
+
+TEST(DatabaseCheck, ReportsEachKindOfDamage)
+{
+    struct Case {
+        const char* what;
+        const char* file;
+        std::string (*damage)(std::string);
+        const char* expected;
+    };
+    const Case cases[] = {
+        {"missing file", "zaras.inf", [](std::string) { return std::string("\x01"); }, "zaras.inf"},
+        {"list entry changed", "atcind.dat",
+         [](std::string s) {
+             s[0] = s[0] == '1' ? '2' : '1';
+             return s;
+         },
+         "atcind.dat"},
+        {"count too large", "inf.dat", [](std::string s) { return "9" + s; }, "nevrend.dat"},
+        {"marker renamed", "gy.ful",
+         [](std::string s) {
+             s.replace(s.find("#til"), 4, "#tol");
+             return s;
+         },
+         "marker"},
+        {"bare LF", "nevrend.dat",
+         [](std::string s) {
+             s[48] = ' ';
+             return s;
+         },
+         "nevrend.dat"},
+        {"short MSG.DAT", "MSG.DAT", [](std::string s) { return s.substr(0, s.find("\r\n") + 2); },
+         "fewer than 150"},
+        {"duplicate product code", "KOD.DAT",
+         [](std::string s) {
+             s.replace(10, 10, s.substr(0, 10));
+             return s;
+         },
+         "duplicate"},
+        {"tree depth jump", "mhnren2.dat", [](std::string s) { return "\t\t" + s; }, "mhnren2.dat"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        ScratchDirectory directory;
+        ASSERT_TRUE(generateDatabase(directory.path(), {120, 5}));
+        EXPECT_TRUE(checkDatabase(directory.path()).empty());
+        const std::string damaged = c.damage(fileText(directory.path() / c.file));
+        if (damaged == "\x01")
+            std::filesystem::remove(directory.path() / c.file);
+        else
+            directory.write(c.file, damaged);
+        const auto problems = checkDatabase(directory.path());
+        ASSERT_FALSE(problems.empty());
+        bool named = false;
+        for (const std::string& problem : problems)
+            named = named || problem.find(c.expected) != std::string::npos;
+        EXPECT_TRUE(named) << problems.front();
+    }
+}
+
+TEST(HungarianCollation, OrdersByTheHungarianAlphabet)
+{
+    const auto before = [](std::string_view a, std::string_view b) {
+        return hungarianSortKey(a) < hungarianSortKey(b);
+    };
+    struct Case {
+        const char* what;
+        const char* first;
+        const char* second;
+    };
+    const Case cases[] = {
+        {"C before CS", "CUKOR", "CSALAN"},
+        {"S before SZ", "SUGAR", "SZEM"},
+        {"Z before ZS", "ZUHANY", "ZSAK"},
+        {"G before GY", "GUMI", "GYOGYSZER"},
+        {"accent ignored first",
+         "\xC1"
+         "BEL",
+         "ABLAK"},                                  // ÁBEL < ABLAK
+        {"accent decides a tie", "ARA", "\xC1RA"},  // ARA < ÁRA
+        {"O before Ö", "OZON", "\xD6T"},            // OZON < ÖT
+        {"Ö equals Ő first", "\xD5R", "\xD6T"},     // ŐR < ÖT
+        {"U before Ü", "UTCA", "\xDCGY"},           // UTCA < ÜGY
+        {"blank before letters", "AB C", "ABC"},
+        {"digits before letters", "A 5 MG", "A MG"},
+        {"case-insensitive", "alma", "BAB"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_TRUE(before(c.first, c.second));
+        EXPECT_FALSE(before(c.second, c.first));
+    }
+    EXPECT_EQ(upperCaseCp1250("\xE1rv\xEDzt\xFBr\xF5 t\xFCk\xF6rf\xFAr\xF3g\xE9p"),
+              "\xC1RV\xCDZT\xDBR\xD5 T\xDCK\xD6RF\xDAR\xD3G\xC9P");  // árvíztűrő tükörfúrógép
+}
+
+}  // namespace
+}  // namespace rovanel
