@@ -12,7 +12,22 @@ namespace rovanel
 namespace msg
 {
 inline constexpr int kDescriptionTitle = 1;
-// 2..49: description builder phrases and labels (see db/DescriptionBuilder.cpp)
+// 2..49: description builder labels and phrases (docs/data-format.md 5.4). The headings the jump
+// buttons search for are literals in db/DescriptionBuilder.cpp, not lines of this table.
+inline constexpr int kDescPriceHeading = 2;
+inline constexpr int kDescFullPriceLabel = 3;
+inline constexpr int kDescNormativeLabel = 4;
+inline constexpr int kDescPayableLabel = 5;
+inline constexpr int kDescSupportLabel = 6;
+inline constexpr int kDescDailyCostLabel = 7;
+inline constexpr int kDescFullPriceBasis = 8;
+inline constexpr int kDescPayableBasis = 9;
+inline constexpr int kDescBasisWord = 10;
+inline constexpr int kDescIncreasedWord = 11;
+inline constexpr int kDescHighlightedWord = 12;
+inline constexpr int kDescProductDataHeading = 13;
+inline constexpr int kDescWarningsHeading = 14;
+inline constexpr int kDescOtherNamesHeading = 15;
 inline constexpr int kKhCaption72 = 69;
 inline constexpr int kKhCodeLineTooLong = 70;
 inline constexpr int kKhCaption70 = 71;

@@ -1,0 +1,215 @@
+#include "db/DescriptionBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include "db/Cp1250.h"
+#include "db/StartupTables.h"
+#include "db/StyledDocument.h"
+#include "tests/fixtures/TinyDatabase.h"
+
+namespace rovanel
+{
+namespace
+{
+
+StartupTables load(const std::filesystem::path& directory)
+{
+    return loadStartupTables(directory, directory / "no-user.ini");
+}
+
+std::string describe(const StartupTables& tables, std::int32_t record, int* result = nullptr)
+{
+    StyledDocument document;
+    const int built = buildDescription(tables, record, document);
+    if (result) *result = built;
+    return cp1250ToUtf8(document.plainText());
+}
+
+TEST(DescriptionBuilder, ProductWithEverySectionReadsInSectionOrder)
+{
+    testing::TinyDatabase database;
+    const StartupTables tables = load(database.write());
+    int result = -1;
+    EXPECT_EQ(describe(tables, 0, &result),
+              "Készítmény: ALFA 5 MG TABLETTA 30X\n"
+              "\nATC besorolás:\nC08CA01  amlodipin\n"
+              "\nHatóanyag:\namlodipin (C08CA01)\n"
+              "\nÁr és támogatás:\n"
+              "Fogyasztói ár:2000.0 Ft  Normatív támogatás: 80 %  Térítési díj: 400.0 Ft\n"
+              "Napi költség: 13 Ft (térítési díj alapján)\n"
+              "Emelt támogatással rendelheti[_EU12/a]: [KÜLÖNKERETES!]\n"
+              "Támogatás: 1800.0 Ft  Térítési díj: 200.0 Ft  Fogyasztói ár: 2000.0 Ft\n"
+              "Napi költség: 7 Ft (térítési díj alapján)\n"
+              "Kardiológus szakorvos javaslatára.\n"
+              "Kiemelt támogatással rendelheti[EU5]:\n"
+              "Támogatás: 1900.0 Ft  Térítési díj: 100.0 Ft  Fogyasztói ár: 2000.0 Ft\n"
+              "Napi költség: 3 Ft (térítési díj alapján)\n"
+              "Hypertonia.\n"
+              "\nTermékadatok:\nForma: tabletta\n"
+              "\nJavallatok:\nMagas vérnyomás kezelésére.\n"
+              "\nAdagolás:\nNaponta egyszer 5 mg.\n"
+              "\nBeteg tudomására hozandó:\nGrapefruitlé fogyasztása nem ajánlott.\n"
+              "\nEllenjavallatok:\nElső trimeszter\nSzoptatás\n* Súlyos májbetegség.\n"
+              "\nMellékhatások:\nSzédülés\n"
+              "\nÓvatosan együttadható:\nKalciumcsatorna-blokkolók (C08)\n"
+              "\nEgyüttadása kerülendő:\nnátrium-fluorid (A01AA01)\n"
+              "\nMérgezés esetén teendő:\nGyomormosás, tüneti kezelés.\n"
+              "\nFigyelmeztetések:\nGépjárművezetést befolyásolhatja.\n"
+              "\nEgyéb nevek:\nAmlodipin original\n");
+    EXPECT_EQ(result, 0);
+}
+
+TEST(DescriptionBuilder, EmptySectionsLeaveTheirHeadingsOut)
+{
+    testing::TinyDatabase database;
+    const StartupTables tables = load(database.write());
+    const std::string beta = describe(tables, 1);
+    for (const char* absent : {"Óvatosan", "Együttadása", "Mérgezés", "Ellenjavallatok:", "Mellékhatások:",
+                               "Figyelmeztetések:", "Egyéb nevek:", "rendelheti"}) {
+        SCOPED_TRACE(absent);
+        EXPECT_EQ(beta.find(absent), std::string::npos);
+    }
+    EXPECT_NE(beta.find("\nAdagolás:\nNaponta 10 mg.\n"), std::string::npos);
+    // An "#ar" marker directly followed by "#ha": no price section at all.
+    const std::string gamma = describe(tables, 2);
+    EXPECT_EQ(gamma.find("Ár és támogatás:"), std::string::npos);
+    EXPECT_NE(gamma.find("\nJavallatok:\nMagas vérnyomás.\n"), std::string::npos);
+    // A product without own codes has neither the "ATC" nor the "Hatóanyag:" heading.
+    // Nothing but markers: the title alone.
+    EXPECT_EQ(describe(tables, 5), "Készítmény: EGYEB KOTSZER\n");
+}
+
+TEST(DescriptionBuilder, PriceLinesFollowTheDoseCountAndTheFullPriceSetting)
+{
+    testing::TinyDatabase database;
+    StartupTables tables = load(database.write());
+    // Dose count "1,5" is 1.5: 10 Ft payable a package is 6.67 a day.
+    EXPECT_NE(
+        describe(tables, 1).find("Fogyasztói ár:10.0 Ft  Normatív támogatás: 0 %  Térítési díj: 10.0 Ft\n"
+                                 "Napi költség: 7 Ft (térítési díj alapján)\n"),
+        std::string::npos);
+    tables.fullPriceDailyCost = true;
+    const std::string alfa = describe(tables, 0);
+    EXPECT_NE(alfa.find("Térítési díj: 400.0 Ft\nNapi költség: 67 Ft (teljes ár alapján)\n"),
+              std::string::npos);
+    EXPECT_EQ(alfa.find("térítési díj alapján"), std::string::npos);
+}
+
+TEST(DescriptionBuilder, FailuresGiveOneAndBuildNothingBeyondWhatWasWritten)
+{
+    {
+        SCOPED_TRACE("record -1 builds nothing and succeeds");
+        testing::TinyDatabase database;
+        const StartupTables tables = load(database.write());
+        int result = -1;
+        EXPECT_EQ(describe(tables, -1, &result), "");
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(describe(tables, 6, &result), "");
+        EXPECT_EQ(result, 1);
+        EXPECT_EQ(describe(tables, -2, &result), "");
+        EXPECT_EQ(result, 1);
+    }
+    {
+        SCOPED_TRACE("a block code not in KOD.DAT table 1 stops at the title");
+        testing::TinyDatabase database;
+        database.blocks[0].replace(0, 10, "Z99ZZ-9999");
+        const StartupTables tables = load(database.write());
+        int result = -1;
+        EXPECT_EQ(describe(tables, 0, &result), "");
+        EXPECT_EQ(result, 1);
+        EXPECT_EQ(describe(tables, 1, &result).rfind("Készítmény: BETA 10 MG TABLETTA 30X\n", 0), 0u);
+        EXPECT_EQ(result, 0);
+    }
+    for (const char* missing :
+         {"gy.ful", "nevpos.dat", "atcnrend.dat", "ellnrend.dat", "mhnrend.dat", "nevrend.dat"}) {
+        SCOPED_TRACE(missing);
+        testing::TinyDatabase database;
+        const auto directory = database.write();
+        const StartupTables tables = load(directory);
+        std::filesystem::remove(directory / missing);
+        int result = -1;
+        EXPECT_EQ(describe(tables, 0, &result), "");
+        EXPECT_EQ(result, 1);
+    }
+}
+
+TEST(DescriptionBuilder, UnknownCodesAreShownAsCodesAndMissingRendDatOnlyLosesTheTexts)
+{
+    testing::TinyDatabase database;
+    auto& block = database.blocks[0];
+    block.replace(block.find("E02\r\n"), 5, "E77\r\n");
+    database.files.erase("rend.dat");
+    const StartupTables tables = load(database.write());
+    int result = -1;
+    const std::string text = describe(tables, 0, &result);
+    EXPECT_EQ(result, 0);
+    EXPECT_NE(text.find("\nEllenjavallatok:\nElső trimeszter\nE77\n"), std::string::npos);
+    EXPECT_NE(text.find("Emelt támogatással rendelheti[_EU12/a]:\nTámogatás:"), std::string::npos);
+}
+
+TEST(DescriptionBuilder, EveryJumpTextFirstOccursAtTheStartOfItsBoldHeading)
+{
+    testing::TinyDatabase database;
+    const StartupTables tables = load(database.write());
+    StyledDocument document;
+    ASSERT_EQ(buildDescription(tables, 0, document), 0);
+    for (std::string_view jump : kJumpSearchTexts) {
+        SCOPED_TRACE(cp1250ToUtf8(jump));
+        bool found = false;
+        for (const TextRun& run : document.runs()) {
+            const auto position = run.text.find(jump);
+            if (position == std::string::npos) continue;
+            EXPECT_EQ(position, 0u);
+            EXPECT_TRUE(run.style.bold);
+            EXPECT_EQ(run.style.colour, kMaroon);
+            found = true;
+            break;
+        }
+        EXPECT_TRUE(found);
+    }
+}
+
+TEST(DescriptionBuilder, TitleIsEntryOneThenTheNameInBoldBlueOfHeightTwenty)
+{
+    testing::TinyDatabase database;
+    const StartupTables tables = load(database.write());
+    StyledDocument document;
+    ASSERT_EQ(buildDescription(tables, 3, document), 0);
+    ASSERT_GE(document.runs().size(), 2u);
+    EXPECT_EQ(cp1250ToUtf8(document.runs()[0].text), "Készítmény: ");
+    EXPECT_FALSE(document.runs()[0].style.bold);
+    const TextRun& name = document.runs()[1];
+    EXPECT_EQ(name.text, "DELTA OLDAT 100 ML");
+    EXPECT_EQ(name.style, (TextStyle{"Arial", 20, true, kBlue}));
+    for (const TextRun& run : document.runs()) EXPECT_EQ(run.style.font, "Arial");
+}
+
+TEST(RegulationPoint, FindsTheExactCodeAndItsSeparateBudgetFlag)
+{
+    const std::string_view file = "EU5;0;Hypertonia.\r\n_EU12/a;1;Kardiol\xF3gus.\r\nEU;1;\r\nbad line\r\n";
+    struct Case {
+        const char* what;
+        std::string_view code;
+        bool separate;
+        std::string text;
+    };
+    const Case cases[] = {
+        {"plain", "EU5", false, "Hypertonia."},
+        {"separate budget", "_EU12/a", true, "Kardiol\xF3gus."},
+        {"prefix of another code is no match", "EU1", false, ""},
+        {"empty text", "EU", true, ""},
+        {"unknown", "EU9", false, ""},
+        {"empty code", "", false, ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        const RegulationPoint point = regulationPoint(file, c.code);
+        EXPECT_EQ(point.separateBudget, c.separate);
+        EXPECT_EQ(point.text, c.text);
+    }
+    EXPECT_EQ(cp1250ToUtf8(supportPermissionText("Emelt", "EU5", true)),
+              "Emelt támogatással rendelheti[EU5]: [KÜLÖNKERETES!]");
+}
+
+}  // namespace
+}  // namespace rovanel

@@ -1,0 +1,119 @@
+#include "db/SameAtc.h"
+
+#include <gtest/gtest.h>
+
+#include "db/Cp1250.h"
+#include "db/StartupTables.h"
+#include "tests/fixtures/TinyDatabase.h"
+
+namespace rovanel
+{
+namespace
+{
+
+StartupTables load(const std::filesystem::path& directory)
+{
+    return loadStartupTables(directory, directory / "no-user.ini");
+}
+
+std::vector<std::string> utf8(const std::vector<std::string>& lines)
+{
+    std::vector<std::string> converted;
+    for (const auto& line : lines) converted.push_back(cp1250ToUtf8(line));
+    return converted;
+}
+
+std::vector<std::int32_t> records(const SameAtcList& list)
+{
+    std::vector<std::int32_t> numbers;
+    for (const FoundDrug& entry : list.found) numbers.push_back(entry.record);
+    return numbers;
+}
+
+TEST(AtcLevels, ListsEveryLevelFoundAsAGroup)
+{
+    testing::TinyDatabase database;
+    const StartupTables tables = load(database.write());
+    const AtcLevels full = atcLevels(tables, "C08CA-0100");
+    EXPECT_EQ(utf8(full.lines),
+              (std::vector<std::string>{"C  Szív- és érrendszer", "C08  Kalciumcsatorna-blokkolók",
+                                        "C08C  Szelektív kalciumcsatorna-blokkolók",
+                                        "C08CA  Dihidropiridin-származékok", "C08CA01  amlodipin"}));
+    EXPECT_EQ(full.levelLength, 8u);
+    // A01A and A01AA- are not groups: three lines.
+    const AtcLevels three = atcLevels(tables, "A01AA-0100");
+    EXPECT_EQ(utf8(three.lines),
+              (std::vector<std::string>{"A  Tápcsatorna és anyagcsere", "A01  Szájüregi készítmények",
+                                        "A01AA01  nátrium-fluorid"}));
+    EXPECT_EQ(three.levelLength, 8u);
+    const AtcLevels none = atcLevels(tables, "Q01AA-0100");
+    EXPECT_TRUE(none.lines.empty());
+    EXPECT_EQ(none.levelLength, 0u);
+}
+
+TEST(SameAtcProducts, OrdersByDailyPriceWithNoPriceLastOrByName)
+{
+    testing::TinyDatabase database;
+    const StartupTables tables = load(database.write());
+    const SameAtcList byPrice = sameAtcProducts(tables, "C08CA-0100", 1, SameAtcOrder::Price, false);
+    EXPECT_EQ(utf8(byPrice.lines),
+              (std::vector<std::string>{"BETA 10 MG TABLETTA 30X  6.7 Ft/nap",
+                                        "ALFA 5 MG TABLETTA 30X  13.3 Ft/nap", "GAMMA KAPSZULA 20X  N.á."}));
+    EXPECT_EQ(records(byPrice), (std::vector<std::int32_t>{1, 0, 2}));
+    const SameAtcList byName = sameAtcProducts(tables, "C08CA-0100", 1, SameAtcOrder::Name, false);
+    EXPECT_EQ(records(byName), (std::vector<std::int32_t>{0, 1, 2}));
+    EXPECT_EQ(cp1250ToUtf8(byName.lines[0]), "ALFA 5 MG TABLETTA 30X  13.3 Ft/nap");
+    // The substance level: only the products of C08CA-01.
+    EXPECT_EQ(records(sameAtcProducts(tables, "C08CA-0100", 8, SameAtcOrder::Name, false)),
+              (std::vector<std::int32_t>{0, 2}));
+}
+
+TEST(SameAtcProducts, HideDeletedLeavesOutTtProducts)
+{
+    testing::TinyDatabase database;
+    const StartupTables tables = load(database.write());
+    EXPECT_EQ(records(sameAtcProducts(tables, "C", 1, SameAtcOrder::Name, true)),
+              (std::vector<std::int32_t>{0, 1}));
+}
+
+TEST(SameAtcProducts, FullPriceSettingPricesByTheFullPrice)
+{
+    testing::TinyDatabase database;
+    StartupTables tables = load(database.write());
+    tables.fullPriceDailyCost = true;
+    const SameAtcList list = sameAtcProducts(tables, "C08CA-01", 8, SameAtcOrder::Price, false);
+    EXPECT_EQ(cp1250ToUtf8(list.lines[0]), "ALFA 5 MG TABLETTA 30X  66.7 Ft/nap");
+}
+
+TEST(SameAtcProducts, BadCodesFilesAndCountsGiveEmptyOrBoundedLists)
+{
+    {
+        SCOPED_TRACE("code that is no group reads the sentinel");
+        testing::TinyDatabase database;
+        const StartupTables tables = load(database.write());
+        EXPECT_TRUE(sameAtcProducts(tables, "Q01AA-0100", 8, SameAtcOrder::Price, false).lines.empty());
+        EXPECT_TRUE(sameAtcProducts(tables, "", 8, SameAtcOrder::Price, false).lines.empty());
+    }
+    for (const char* missing : {"atcindin.dat", "atcind.dat", "gy.ful", "nevpos.dat"}) {
+        SCOPED_TRACE(missing);
+        testing::TinyDatabase database;
+        const auto directory = database.write();
+        const StartupTables tables = load(directory);
+        std::filesystem::remove(directory / missing);
+        EXPECT_TRUE(sameAtcProducts(tables, "C", 1, SameAtcOrder::Price, false).found.empty());
+    }
+    {
+        SCOPED_TRACE("a count beyond the file and record numbers out of range");
+        testing::TinyDatabase database;
+        auto& directory = database.files["atcindin.dat"];
+        directory.replace(3 * 16, 14, "0,99999999    ");
+        database.files["atcind.dat"] = "3\r\n0\r\n-1\r\n77\r\n1\r\n2\r\n3\r\n";
+        const StartupTables tables = load(database.write());
+        const SameAtcList list = sameAtcProducts(tables, "C", 1, SameAtcOrder::Name, false);
+        // The count is bounded by the six products: the seventh number is never read.
+        EXPECT_EQ(records(list), (std::vector<std::int32_t>{0, 1, 2, 3}));
+    }
+}
+
+}  // namespace
+}  // namespace rovanel
