@@ -13,6 +13,8 @@ int runCheck(const std::vector<std::string>& args);
 int runAtcGroup(const std::vector<std::string>& args);
 int runSideEffect(const std::vector<std::string>& args);
 int runIngredient(const std::vector<std::string>& args);
+int runDescribe(const std::vector<std::string>& args);
+int runSameAtc(const std::vector<std::string>& args);
 
 const std::vector<Command>& commands()
 {
@@ -26,6 +28,8 @@ const std::vector<Command>& commands()
         {"atc-group", "atc-group DIR NODE [--taking P...] [--contra K...]", runAtcGroup},
         {"side-effect", "side-effect DIR N [--taking P...]", runSideEffect},
         {"ingredient", "ingredient DIR K", runIngredient},
+        {"describe", "describe DIR P", runDescribe},
+        {"same-atc", "same-atc DIR CODE [--by-name]", runSameAtc},
     };
     return table;
 }

@@ -1,0 +1,27 @@
+// rvcli same-atc DIR CODE [--by-name]: the drug list window's same-ATC lines for a product or group
+// code (the code's ATC levels are found first; the listing is that of the deepest level).
+#include <cstdio>
+
+#include "cli/Common.h"
+#include "db/AtcCode.h"
+#include "db/SameAtc.h"
+
+namespace rovanel::cli
+{
+
+int runSameAtc(const std::vector<std::string>& args)
+{
+    const char* usage = "same-atc DIR CODE [--by-name]";
+    if (args.size() < 2 || args.size() > 3) return usageError(usage);
+    if (args.size() == 3 && args[2] != "--by-name") return usageError(usage);
+    const auto tables = openDatabase(args[0]);
+    if (!tables) return 2;
+    const std::string code = atcFromInternational(args[1]);
+    const AtcLevels levels = atcLevels(*tables, code);
+    const SameAtcOrder order = args.size() == 3 ? SameAtcOrder::Name : SameAtcOrder::Price;
+    const SameAtcList list = sameAtcProducts(*tables, code, levels.levelLength, order, false);
+    for (const std::string& line : list.lines) std::printf("%s\n", toUtf8(line).c_str());
+    return 0;
+}
+
+}  // namespace rovanel::cli
