@@ -283,11 +283,11 @@ RegulationPoint regulationPoint(std::string_view rendDat, std::string_view code)
     if (code.empty()) return point;
     forEachLine(rendDat, [&](std::string_view line) {
         if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-        const auto first = line.find(';');
+        const auto first = line.find('\t');
         if (first == std::string_view::npos || line.substr(0, first) != code) return true;
-        const auto second = line.find(';', first + 1);
+        const auto second = line.find('\t', first + 1);
         if (second == std::string_view::npos) return true;
-        point.separateBudget = line.substr(first + 1, second - first - 1) == "1";
+        point.separateBudget = line.substr(first + 1, second - first - 1) == "K";
         point.text = std::string(trim(line.substr(second + 1)));
         if (point.text == " ") point.text.clear();
         return false;

@@ -39,7 +39,8 @@ inline constexpr std::string_view kJumpSearchTexts[10] = {
 [[nodiscard]] std::string supportPermissionText(std::string_view kind, std::string_view code,
                                                 bool separateBudget);
 
-// One regulation point of rend.dat: its separate-budget flag and text, looked up by indication code.
+// One regulation point of rend.dat (lines "CODE<TAB>K or -<TAB>text"): its separate-budget flag ("K") and
+// text, looked up by the exact indication code; nothing found gives no flag and no text.
 struct RegulationPoint {
     bool separateBudget = false;
     std::string text;

@@ -186,7 +186,8 @@ TEST(DescriptionBuilder, TitleIsEntryOneThenTheNameInBoldBlueOfHeightTwenty)
 
 TEST(RegulationPoint, FindsTheExactCodeAndItsSeparateBudgetFlag)
 {
-    const std::string_view file = "EU5;0;Hypertonia.\r\n_EU12/a;1;Kardiol\xF3gus.\r\nEU;1;\r\nbad line\r\n";
+    const std::string_view file =
+        "EU5\t-\tHypertonia.\r\n_EU12/a\tK\tKardiol\xF3gus.\r\nEU\tK\t\r\nbad line\r\n";
     struct Case {
         const char* what;
         std::string_view code;
