@@ -1,0 +1,101 @@
+// The active-ingredient window driven by its controls' names.
+#include <QComboBox>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTextEdit>
+
+#include "tests/forms/support/EngineWindows.h"
+#include "tests/forms/support/MessageRecorder.h"
+#include "views/forms/Rvha.h"
+
+using rovanel::testing::EngineDatabase;
+
+namespace
+{
+
+EngineDatabase database()
+{
+    EngineDatabase db;
+    std::vector<int> all;
+    for (int i = 0; i < 601; ++i) {
+        db.products.push_back({"A01AA-0" + std::to_string(100 + i), "P" + std::to_string(100 + i)});
+        all.push_back(i);
+    }
+    db.ingredients = {
+        {"amlodipin", std::vector<int>(all.begin(), all.end() - 1)}, {"bizoprolol", all}, {"coffein", {}}};
+    return db;
+}
+
+template <typename T>
+T* child(QWidget& form, const char* name)
+{
+    T* found = form.findChild<T*>(name);
+    if (!found) qFatal("control %s is missing", name);
+    return found;
+}
+
+}  // namespace
+
+class TestRvha : public QObject
+{
+    Q_OBJECT
+private slots:
+    void exactly600WithoutMessageAnd601WithIt();
+    void clickingADrugWritesItsDescriptionAndRightClickShowsTheNotice();
+};
+
+void TestRvha::exactly600WithoutMessageAnd601WithIt()
+{
+    EngineWindowState fixture(database());
+    THaForm form(fixture.state);
+    form.show();
+    MessageRecorder messages;
+    auto* list = child<QComboBox>(form, "HaList");
+    auto* found = child<QListWidget>(form, "HaGyList");
+    QCOMPARE(list->count(), 3);
+    list->setCurrentIndex(0);
+    QTest::mouseClick(child<QPushButton>(form, "HaKeres"), Qt::LeftButton);
+    QCOMPARE(found->count(), 600);
+    QVERIFY(messages.texts().isEmpty());
+    list->setCurrentIndex(1);
+    QCOMPARE(found->count(), 0);  // choosing another ingredient empties the list
+    QTest::mouseClick(child<QPushButton>(form, "HaKeres"), Qt::LeftButton);
+    QCOMPARE(found->count(), 600);
+    QCOMPARE(messages.texts(),
+             QStringList{QStringLiteral("Túl sok gyógyszer tartozik ide, csak a lista eleje látszik!")});
+    QCOMPARE(messages.captions(), QStringList{QString()});
+    list->setCurrentIndex(2);
+    QTest::mouseClick(child<QPushButton>(form, "HaKeres"), Qt::LeftButton);
+    QCOMPARE(found->count(), 0);
+    QCOMPARE(messages.texts().size(), 1);
+}
+
+void TestRvha::clickingADrugWritesItsDescriptionAndRightClickShowsTheNotice()
+{
+    EngineWindowState fixture(database());
+    THaForm form(fixture.state);
+    std::vector<int> written;
+    form.setDescriptionWriter([&](QTextEdit* box, std::int32_t record) {
+        written.push_back(record);
+        box->setPlainText(QStringLiteral("leírás"));
+    });
+    form.show();
+    MessageRecorder messages;
+    child<QComboBox>(form, "HaList")->setCurrentIndex(0);
+    QTest::mouseClick(child<QPushButton>(form, "HaKeres"), Qt::LeftButton);
+    auto* found = child<QListWidget>(form, "HaGyList");
+    const QRect rect = found->visualItemRect(found->item(3));
+    QTest::mouseClick(found->viewport(), Qt::LeftButton, {}, rect.center());
+    QCOMPARE(written, std::vector<int>{3});
+    auto* leiro = child<QTextEdit>(form, "GyLeiro");
+    QCOMPARE(leiro->toPlainText(), QStringLiteral("leírás"));
+    QTest::mouseClick(leiro->viewport(), Qt::LeftButton);
+    QVERIFY(messages.texts().isEmpty());
+    QTest::mouseClick(leiro->viewport(), Qt::RightButton);
+    QCOMPARE(messages.texts(),
+             QStringList{QStringLiteral("Változás: Receptnyomtatás a -Részletes lista- menüpont alatt.")});
+}
+
+QTEST_MAIN(TestRvha)
+#include "tst_Rvha.moc"

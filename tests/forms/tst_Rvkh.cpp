@@ -1,0 +1,223 @@
+// The interaction check window driven by its controls' names.
+#include <QComboBox>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTextEdit>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+
+#include "tests/forms/support/EngineWindows.h"
+#include "tests/forms/support/MessageRecorder.h"
+#include "views/forms/Rvkh.h"
+#include "views/forms/Rvmh.h"
+
+using rovanel::testing::EngineDatabase;
+
+namespace
+{
+
+EngineDatabase database()
+{
+    EngineDatabase db;
+    db.atcGroups = {{"C", "Szív"}, {"C08", "Kalciumcsatorna-blokkolók"}, {"N", "Idegrendszer"}};
+    db.contraindications = {{"E01", "Terhesség"}, {"E0101", "Első trimeszter"}, {"E02", "Szoptatás"}};
+    for (int i = 0; i < 19; ++i)
+        db.contraindications.push_back({"E9" + std::to_string(10 + i), "Egyéb " + std::to_string(i)});
+    db.products = {{"C08CA-0101", "ALFA", {"C08CA-01"}, {"N05"}},
+                   {"C08CA-0102", "BÉTA", {"C08CA-01"}, {}, {}, {"E01"}},
+                   {"N05BA-0101", "GAMMA", {"N05BA-01"}}};
+    for (int i = 0; i < 20; ++i)
+        db.products.push_back({"N06AB-01" + std::to_string(10 + i), "ZETA " + std::to_string(10 + i)});
+    db.sideEffects = {{"Fejfájás", {0}}};
+    return db;
+}
+
+template <typename T>
+T* child(QWidget& form, const char* name)
+{
+    T* found = form.findChild<T*>(name);
+    if (!found) qFatal("control %s is missing", name);
+    return found;
+}
+
+QTreeWidgetItem* node(QTreeWidget* tree, int index)
+{
+    for (QTreeWidgetItemIterator it(tree); *it; ++it)
+        if ((*it)->data(0, Qt::UserRole).toInt() == index) return *it;
+    return nullptr;
+}
+
+void addDrug(TKh& form, int index)
+{
+    child<QComboBox>(form, "Gylist")->setCurrentIndex(index);
+    QTest::mouseClick(child<QPushButton>(form, "GyToList"), Qt::LeftButton);
+}
+
+}  // namespace
+
+class TestRvkh : public QObject
+{
+    Q_OBJECT
+private slots:
+    void captionsAndControlsAreTheProgramsOwn();
+    void twentyDrugsAndThe21stIsRefusedSameDrugTwiceIsSilent();
+    void nineteenContraindicationsAndNodeZeroOnlyAfterClearing();
+    void checkShowsTheReportAndTheDrugsConcerned();
+    void atcSearchListsTheGroupAndMegnezOpensTheLinesDrug();
+    void deletingWithoutASelectedLineAsksForOne();
+    void sideEffectWindowSharesTheSelectionAndResetsTheSlots();
+};
+
+void TestRvkh::captionsAndControlsAreTheProgramsOwn()
+{
+    EngineWindowState fixture(database());
+    TKh form(fixture.state);
+    form.show();
+    QCOMPARE(form.windowTitle().left(18), QStringLiteral("Kölcsönhatás - ATC"));
+    QVERIFY(form.windowTitle().endsWith(QStringLiteral("Help=F1")));
+    QCOMPARE(child<QPushButton>(form, "Ellenoriz")->text(),
+             QStringLiteral("Szedett gyógszereket - ellenjavallatokat ellenőriz"));
+    QCOMPARE(child<QPushButton>(form, "GyToList")->text(), QStringLiteral("Listá&hoz ad >>"));
+    QCOMPARE(child<QPushButton>(form, "EllToList")->text(), QStringLiteral("Listához a&d >>"));
+    QCOMPARE(child<QComboBox>(form, "Gylist")->count(), 23);
+    QCOMPARE(child<QTreeWidget>(form, "ATCTree")->topLevelItemCount(), 2);
+    QCOMPARE(fixture.state.selection.SzedettGy[20], -1);
+}
+
+void TestRvkh::twentyDrugsAndThe21stIsRefusedSameDrugTwiceIsSilent()
+{
+    EngineWindowState fixture(database());
+    TKh form(fixture.state);
+    form.show();
+    MessageRecorder messages;
+    addDrug(form, 0);
+    addDrug(form, 0);
+    QCOMPARE(child<QListWidget>(form, "KhSzedettGyList")->count(), 1);
+    QVERIFY(messages.texts().isEmpty());
+    for (int i = 1; i < 21; ++i) addDrug(form, i);
+    QCOMPARE(child<QListWidget>(form, "KhSzedettGyList")->count(), 20);
+    QCOMPARE(messages.texts(), QStringList{QStringLiteral("Legföljebb 20 gyógyszer adható")});
+    QCOMPARE(messages.captions(), QStringList{QStringLiteral("Kölcsönhatás vizsgálat")});
+}
+
+void TestRvkh::nineteenContraindicationsAndNodeZeroOnlyAfterClearing()
+{
+    EngineWindowState fixture(database());
+    TKh form(fixture.state);
+    form.show();
+    MessageRecorder messages;
+    auto* tree = child<QTreeWidget>(form, "EllTree");
+    auto* add = child<QPushButton>(form, "EllToList");
+    auto* list = child<QListWidget>(form, "EllList");
+    tree->setCurrentItem(node(tree, 0));
+    QTest::mouseClick(add, Qt::LeftButton);
+    QCOMPARE(list->count(), 0);  // untouched slots hold 0
+    QTest::mouseClick(child<QPushButton>(form, "EllListTorol"), Qt::LeftButton);
+    QTest::mouseClick(add, Qt::LeftButton);
+    QCOMPARE(list->count(), 1);
+    QCOMPARE(list->item(0)->text(), QStringLiteral("Terhesség"));
+    for (int index = 1; index < 21; ++index) {
+        tree->setCurrentItem(node(tree, index));
+        QTest::mouseClick(add, Qt::LeftButton);
+    }
+    QCOMPARE(list->count(), 19);
+    QCOMPARE(messages.texts(), (QStringList{QStringLiteral("Legföljebb 20 ellenjavallat adható meg"),
+                                            QStringLiteral("Legföljebb 20 ellenjavallat adható meg")}));
+}
+
+void TestRvkh::checkShowsTheReportAndTheDrugsConcerned()
+{
+    EngineWindowState fixture(database());
+    TKh form(fixture.state);
+    form.show();
+    MessageRecorder messages;
+    addDrug(form, 0);
+    addDrug(form, 2);
+    QTest::mouseClick(child<QPushButton>(form, "Ellenoriz"), Qt::LeftButton);
+    QVERIFY(messages.texts().isEmpty());
+    QCOMPARE(
+        child<QTextEdit>(form, "EredmenyRtf")->toPlainText(),
+        QStringLiteral("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:\n\nALFA és GAMMA : \n\n "
+                       "Óvatosan adhatók együtt!\n\n"));
+    auto* found = child<QListWidget>(form, "KhGyList");
+    QCOMPARE(found->count(), 2);
+    QCOMPARE(found->item(1)->text(), QStringLiteral("GAMMA"));
+
+    // Deleting a contraindication keeps the report; deleting a drug empties it.
+    QTest::mouseClick(child<QPushButton>(form, "KhSzGyListTorol"), Qt::LeftButton);
+    QVERIFY(child<QTextEdit>(form, "EredmenyRtf")->toPlainText().isEmpty());
+    addDrug(form, 1);
+    QTest::mouseClick(child<QPushButton>(form, "Ellenoriz"), Qt::LeftButton);
+    QCOMPARE(messages.texts(),
+             QStringList{QStringLiteral("A vizsgálat nem talált kölcsönhatást és ellenjavallatot.")});
+}
+
+void TestRvkh::atcSearchListsTheGroupAndMegnezOpensTheLinesDrug()
+{
+    EngineWindowState fixture(database());
+    TKh form(fixture.state);
+    std::vector<std::pair<int, QString>> shown;
+    form.setDescriptionViewer(
+        [&](std::int32_t record, const QString& caption) { shown.emplace_back(record, caption); });
+    form.show();
+    MessageRecorder messages;
+    addDrug(form, 2);  // GAMMA taken: ALFA's careful code names it
+    auto* tree = child<QTreeWidget>(form, "ATCTree");
+    tree->setCurrentItem(node(tree, 1));
+    QTest::mouseClick(child<QPushButton>(form, "ATCKeres"), Qt::LeftButton);
+    auto* found = child<QListWidget>(form, "KhGyList");
+    QCOMPARE(found->count(), 2);
+    QCOMPARE(found->item(0)->text(), QStringLiteral("ALFA\t999999 !"));
+    QCOMPARE(found->item(1)->text(), QStringLiteral("BÉTA\t999999"));
+    found->setCurrentRow(1);
+    QTest::mouseClick(child<QPushButton>(form, "KhGyMegnez"), Qt::LeftButton);
+    QCOMPARE(shown.size(), std::size_t{1});
+    QCOMPARE(shown[0].first, 1);
+    QCOMPARE(shown[0].second, QStringLiteral("BÉTA\t999999"));
+    // Choosing another node empties the list.
+    tree->setCurrentItem(node(tree, 2));
+    QCOMPARE(found->count(), 0);
+}
+
+void TestRvkh::deletingWithoutASelectedLineAsksForOne()
+{
+    EngineWindowState fixture(database());
+    TKh form(fixture.state);
+    form.show();
+    MessageRecorder messages;
+    QTest::mouseClick(child<QPushButton>(form, "KhSzGyTorol"), Qt::LeftButton);  // empty list: nothing
+    addDrug(form, 0);
+    QTest::mouseClick(child<QPushButton>(form, "KhSzGyTorol"), Qt::LeftButton);
+    QCOMPARE(messages.texts(), QStringList{QStringLiteral("Jelölje ki a listáról törlendő gyógyszert!")});
+    QVERIFY(messages.messages()[0].taskModal);
+    child<QListWidget>(form, "KhSzedettGyList")->setCurrentRow(0);
+    QTest::mouseClick(child<QPushButton>(form, "KhSzGyTorol"), Qt::LeftButton);
+    QCOMPARE(fixture.state.selection.SzedettGyCount, 0);
+    QCOMPARE(fixture.state.selection.SzedettGy[0], -1);
+}
+
+void TestRvkh::sideEffectWindowSharesTheSelectionAndResetsTheSlots()
+{
+    EngineWindowState fixture(database());
+    TKh kh(fixture.state);
+    TMh mh(fixture.state);
+    kh.show();
+    addDrug(kh, 0);
+    addDrug(kh, 1);
+    mh.show();  // resets the slots but keeps the count
+    QCOMPARE(fixture.state.selection.SzedettGyCount, 2);
+    QCOMPARE(fixture.state.selection.SzedettGy[0], -1);
+    QCOMPARE(child<QListWidget>(mh, "MhSzedettGyList")->count(), 0);
+    // A drug added in the side-effect window counts in the interaction window too.
+    child<QComboBox>(mh, "GyList")->setCurrentIndex(2);
+    QTest::mouseClick(child<QPushButton>(mh, "GyToList"), Qt::LeftButton);
+    QCOMPARE(fixture.state.selection.SzedettGy[2], 2);
+    MessageRecorder messages;
+    QTest::mouseClick(child<QPushButton>(kh, "Ellenoriz"), Qt::LeftButton);
+    QCOMPARE(messages.texts(),
+             QStringList{QStringLiteral("A vizsgálat nem talált kölcsönhatást és ellenjavallatot.")});
+}
+
+QTEST_MAIN(TestRvkh)
+#include "tst_Rvkh.moc"

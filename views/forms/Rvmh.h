@@ -1,0 +1,51 @@
+// TMh: the side-effect search ("Mellékhatások"). Lists the drugs that can cause the chosen side effect,
+// among all drugs or among the drugs taken. The drugs taken are the interaction window's shared
+// selection; this window's list shows only what was added through it.
+#pragma once
+
+#include <QWidget>
+
+#include "views/forms/FormSupport.h"
+
+namespace rovanel
+{
+struct SharedState;
+}
+
+class QComboBox;
+class QListWidget;
+class QTreeWidget;
+
+class TMh : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit TMh(rovanel::SharedState& state, QWidget* parent = nullptr);
+    void setDescriptionViewer(rovanel::forms::DescriptionViewer viewer) { m_viewer = std::move(viewer); }
+
+public slots:
+    void GyToListClick();
+    void SzGyTorolClick();
+    void SzGyListatTorolClick();
+    void MhTreeChange();
+    void MhKeresClick();
+    void GyListMegnezClick();
+    void GyMegnezClick();
+    void MhSzedettGyListDblClick();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void FormShow();
+    void AddSzGy();
+
+    rovanel::SharedState& m_state;
+    rovanel::forms::DescriptionViewer m_viewer;
+    bool m_loaded = false;
+    QComboBox* m_gyList = nullptr;
+    QListWidget* m_szedett = nullptr;
+    QTreeWidget* m_tree = nullptr;
+    QListWidget* m_found = nullptr;
+};
