@@ -8,6 +8,10 @@
 
 #include "app/forms/Rvmain.h"
 #include "app/forms/SingleInstance.h"
+#include "views/forms/Rvha.h"
+#include "views/forms/Rvkh.h"
+#include "views/forms/Rvmh.h"
+#include "views/forms/Rvrend.h"
 
 int main(int argc, char** argv)
 {
@@ -24,6 +28,14 @@ int main(int argc, char** argv)
     // The windows, in their order of creation; each is handed to the main window, whose menu opens it.
     auto Main = std::make_unique<TMain>(QApplication::arguments().mid(1));
     QObject::connect(Main.get(), &TMain::closed, &app, &QCoreApplication::quit);
+    auto Kh = std::make_unique<TKh>(Main->state());
+    Main->attachWindow(TMain::Window::Kh, Kh.get());
+    auto HaForm = std::make_unique<THaForm>(Main->state());
+    Main->attachWindow(TMain::Window::HaForm, HaForm.get());
+    auto Rend = std::make_unique<TRend>(Main->state());
+    Main->attachWindow(TMain::Window::Rend, Rend.get());
+    auto Mh = std::make_unique<TMh>(Main->state());
+    Main->attachWindow(TMain::Window::Mh, Mh.get());
 
     new SingleInstanceAnswer(Main.get());
     Main->show();

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QTextEdit>
 
+#include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
@@ -23,7 +24,7 @@ THaForm::THaForm(rovanel::SharedState& state, QWidget* parent) : QWidget(parent)
 {
     setObjectName("HaForm");
     setWindowTitle(QStringLiteral("Hatóanyagok                    Help=F1"));
-    setProperty("helpContext", 400);
+    setHelpContext(this, 400);
 
     m_haList = new QComboBox(this);
     m_haList->setObjectName("HaList");

@@ -15,6 +15,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
 #include "db/DataFile.h"
 #include "db/Interaction.h"
@@ -48,7 +49,7 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
 {
     setObjectName("Kh");
     setWindowTitle(QStringLiteral("Kölcsönhatás - ATC                    Help=F1"));
-    setProperty("helpContext", 200);
+    setHelpContext(this, 200);
 
     m_tab = new QTabWidget(this);
     m_tab->setObjectName("Tab");

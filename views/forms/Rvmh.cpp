@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
+#include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
 #include "db/DataFile.h"
 #include "db/ProductIndex.h"
@@ -34,7 +35,7 @@ TMh::TMh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
 {
     setObjectName("Mh");
     setWindowTitle(QStringLiteral("Mellékhatások                    Help=F1"));
-    setProperty("helpContext", 300);
+    setHelpContext(this, 300);
     setFixedSize(641, 561);
 
     m_gyList = new QComboBox(this);
