@@ -1,5 +1,7 @@
 #include "db/StartupTables.h"
 
+#include <algorithm>
+
 #include "app/IniFile.h"
 #include "app/UserPaths.h"
 #include "db/DataFile.h"
@@ -42,15 +44,19 @@ int scanCommaSeparated(std::string_view line, std::int32_t* values, int wanted)
 // Splits `count` fields of `width` bytes from `data` starting at `offset`; fields past the end of the
 // data are empty, as a zero-filled buffer would leave them.
 std::vector<std::string> cutFields(std::string_view data, std::size_t& offset, std::size_t count,
-                                   std::size_t width)
+                                   std::size_t width, bool anyTilde)
 {
-    std::vector<std::string> fields(count);
+    std::vector<std::string> fields;
+    fields.reserve(count);
     for (std::size_t i = 0; i < count; ++i, offset += width) {
-        if (offset >= data.size()) continue;
+        if (offset >= data.size()) {
+            fields.emplace_back();
+            continue;
+        }
         std::string_view field = data.substr(offset, width);
         // A NUL ends the field as it ends a C string.
         field = field.substr(0, field.find('\0'));
-        fields[i] = std::string(trim(field));
+        fields.emplace_back(anyTilde ? trim(field) : trimEnd(field));
     }
     return fields;
 }
@@ -77,16 +83,29 @@ std::int32_t StartupTables::contraindicationOfCode(std::string_view code) const
     return -1;
 }
 
-bool loadLineList(const std::filesystem::path& path, std::size_t columnLimit, std::vector<std::string>& lines)
+bool loadLineList(const std::filesystem::path& path, std::size_t columnLimit, TextList& lines)
 {
-    const auto content = readWholeFile(path);
+    auto content = readWholeFile(path);
     if (!content) return false;
-    forEachLine(*content, [&](std::string_view line) {
+    // The texts stay where the file's bytes are: no copy of ten thousand names at every start.
+    TextList read;
+    read.adopt(std::move(*content));
+    const std::string& bytes = read.storage();
+    // A generous guess of the line count: fixed-width lists have lines of 50 or more bytes.
+    read.reserve(bytes.size() / 32 + 1);
+    const bool anyTilde = bytes.find('~') != std::string::npos;
+    forEachLine(bytes, [&](std::string_view line) {
         line = line.substr(0, kLineBuffer - 1);
         if (columnLimit != 0) line = line.substr(0, columnLimit);
-        lines.emplace_back(trim(line));
+        read.pushSpan(static_cast<std::size_t>(line.data() - bytes.data()),
+                      (anyTilde ? trim(line) : trimEnd(line)).size());
         return true;
     });
+    if (lines.empty()) {
+        lines = std::move(read);
+    } else {
+        for (const std::string_view text : read) lines.push_back(text);
+    }
     return true;
 }
 
@@ -118,10 +137,11 @@ StartupTables loadStartupTables(const std::filesystem::path& dataDirectory,
     const auto& counts = tables.counts;
     const std::string codes = readWholeFile(dataFilePath(dataDirectory, "KOD.DAT")).value_or("");
     std::size_t offset = 0;
-    tables.productCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[1]), 10);
-    tables.atcGroupCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[2]), 10);
-    tables.contraindicationCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[4]), 6);
-    tables.sideEffectCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[3]), 6);
+    const bool anyTilde = codes.find('~') != std::string::npos;
+    tables.productCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[1]), 10, anyTilde);
+    tables.atcGroupCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[2]), 10, anyTilde);
+    tables.contraindicationCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[4]), 6, anyTilde);
+    tables.sideEffectCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[3]), 6, anyTilde);
     tables.reached = LoadStep::CodeTables;
 
     const auto pairs = readWholeFile(dataFilePath(dataDirectory, "xd.dat"));
@@ -149,11 +169,10 @@ StartupTables loadStartupTables(const std::filesystem::path& dataDirectory,
     });
     tables.reached = LoadStep::ShortTexts;
 
-    std::vector<std::string> names;
-    names.reserve(static_cast<std::size_t>(counts[1]));
+    TextList names;
     if (!loadLineList(dataFilePath(dataDirectory, "nevrend.dat"), 50, names)) return tables;
     // The list has N slots (plus the original's terminator); extra lines would overflow it and are dropped.
-    if (names.size() > static_cast<std::size_t>(counts[1])) names.resize(static_cast<std::size_t>(counts[1]));
+    names.truncate(static_cast<std::size_t>(counts[1]));
     tables.productNames = std::move(names);
     tables.reached = LoadStep::Complete;
     return tables;

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "db/MessageTable.h"
+#include "db/TextList.h"
 
 namespace rovanel
 {
@@ -49,7 +50,7 @@ struct StartupTables {
     std::vector<std::string> sideEffectCodes;                  // table 4
     std::vector<std::pair<std::int32_t, std::int32_t>> pairs;  // xd.dat
     std::vector<std::string> shortTexts;                       // x.dat
-    std::vector<std::string> productNames;                     // nevrend.dat, by record number
+    TextList productNames;                                     // nevrend.dat, by record number
     LoadStep reached = LoadStep::Started;
 
     // Name of product `record`, or the empty text for a number outside the list.
@@ -70,7 +71,6 @@ extern const std::array<std::string_view, 7> kStartupFileNames;
 
 // Reads a file into `lines` the way the line-list loader does: each line cut after `columnLimit`
 // characters (0 = no limit) and trimmed. False when the file cannot be opened.
-[[nodiscard]] bool loadLineList(const std::filesystem::path& path, std::size_t columnLimit,
-                                std::vector<std::string>& lines);
+[[nodiscard]] bool loadLineList(const std::filesystem::path& path, std::size_t columnLimit, TextList& lines);
 
 }  // namespace rovanel

@@ -163,9 +163,9 @@ TEST(LineListLoader, CutsAtTheColumnLimitAndTrims)
 {
     ScratchDirectory directory;
     directory.write("list.txt", "abc   \r\n" + std::string(70, 'n') + "\r\nx~comment\r\n");
-    std::vector<std::string> lines;
+    TextList lines;
     ASSERT_TRUE(loadLineList(directory.path() / "list.txt", 50, lines));
-    EXPECT_EQ(lines, (std::vector<std::string>{"abc", std::string(50, 'n'), "x"}));
+    EXPECT_EQ(lines.toVector(), (std::vector<std::string>{"abc", std::string(50, 'n'), "x"}));
     EXPECT_FALSE(loadLineList(directory.path() / "missing.txt", 50, lines));
 }
 

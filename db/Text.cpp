@@ -2,22 +2,39 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 #include <limits>
 
 namespace rovanel
 {
 
-std::string_view trim(std::string_view text)
+std::string_view trimEnd(std::string_view text)
 {
-    text = text.substr(0, text.find('~'));
+    constexpr std::uint64_t kEightBlanks = 0x2020202020202020ULL;
     std::size_t length = text.size();
     // The first character is never removed: a lone "\r" line stays "\r".
     while (length > 1) {
+        // Fixed-width files pad with blanks: skip them eight at a time.
+        if (length > 9) {
+            std::uint64_t word = 0;
+            std::memcpy(&word, text.data() + length - 8, sizeof word);
+            if (word == kEightBlanks) {
+                length -= 8;
+                continue;
+            }
+        }
         const char c = text[length - 1];
         if (c != ' ' && c != '\t' && c != '\r' && c != '\n') break;
         --length;
     }
     return text.substr(0, length);
+}
+
+std::string_view trim(std::string_view text)
+{
+    const void* tilde = text.empty() ? nullptr : std::memchr(text.data(), '~', text.size());
+    if (tilde) text = text.substr(0, static_cast<std::size_t>(static_cast<const char*>(tilde) - text.data()));
+    return trimEnd(text);
 }
 
 std::string_view stripLeadingBlanks(std::string_view text)

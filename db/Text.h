@@ -14,6 +14,10 @@ namespace rovanel
 // character: "\r\n" trims to "\r" and "   " to " ".
 [[nodiscard]] std::string_view trim(std::string_view text);
 
+// The same without the cut at '~', for a text known to hold none (a loader that found no '~' in the
+// whole file trims each of its lines this way and saves a search per line).
+[[nodiscard]] std::string_view trimEnd(std::string_view text);
+
 // Removes leading blanks (only blanks, as the original strip does).
 [[nodiscard]] std::string_view stripLeadingBlanks(std::string_view text);
 
