@@ -3,10 +3,10 @@
 // the title picture and carries the menu that opens every other window.
 //
 // Windows built by other units are created once by the program's entry (app/forms/rvw32_main.cpp), in
-// their order, and handed over here:
+// their order after TMain, kept there for the whole run, and handed over here:
 //
-//     auto* gylist = new TGylist(main->state());          // created after TMain
-//     main->attachWindow(TMain::Window::Gylist, gylist);  // enables "Leírások", which now shows it
+//     auto Gylist = std::make_unique<TGylist>(Main->state());
+//     Main->attachWindow(TMain::Window::Gylist, Gylist.get());  // enables "Leírások", which shows it
 //
 // A menu item stays disabled until its window is attached. The prescription window attaches its
 // permanent-drug list instead (attachPermanentDrugs), which enables "Állandó gyógyszerek listája".

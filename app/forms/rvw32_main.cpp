@@ -25,7 +25,12 @@ int main(int argc, char** argv)
     // Closing the main window ends the program, whatever other windows are open.
     app.setQuitOnLastWindowClosed(false);
 
-    // The windows, in their order of creation; each is handed to the main window, whose menu opens it.
+    // The windows, in their order of creation, each kept here until the program ends and handed to the
+    // main window, whose menu opens it. The order: TMain, TGylist, TKh, TGyKozos, THaForm, TRend, TMh,
+    // TRp, TBnoForm, TSegedeszk, TFoNoForm, TMagiForm, TRefForm, TKgyForm, TMsgDlg, TRvSettings, Tszj,
+    // TQRf, TRp2, TRp3. A window joins with two lines in its place in that order, for example:
+    //     auto Gylist = std::make_unique<TGylist>(Main->state());
+    //     Main->attachWindow(TMain::Window::Gylist, Gylist.get());
     auto Main = std::make_unique<TMain>(QApplication::arguments().mid(1));
     QObject::connect(Main.get(), &TMain::closed, &app, &QCoreApplication::quit);
     auto Kh = std::make_unique<TKh>(Main->state());
