@@ -1,0 +1,34 @@
+// The input layout of each fuzz target: which data files its segments become, in order. The corpus maker
+// writes its seeds from the same table, so a target and its seeds cannot drift apart.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+namespace rovanel::fuzzing
+{
+
+// Between the parameter line and each file of an input. Chosen so that no data file holds it.
+inline constexpr std::string_view kSegmentSeparator = "\n=#=#=\n";
+
+struct FuzzLayout {
+    std::string_view target;
+    std::vector<std::string_view> files;
+};
+
+inline const std::vector<FuzzLayout>& fuzzLayouts()
+{
+    static const std::vector<FuzzLayout> layouts = {
+        // The start-up loader and the two name-list fills. Parameters: none.
+        {"startup_fuzz", {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat", "x.dat", "nevrend.dat", "RV.INI"}},
+        // Position and index files. Parameters: record, key, name line, key of the second pair.
+        {"index_fuzz",
+         {"inf.dat", "KOD.DAT", "nevrend.dat", "nevpos.dat", "gy.ful", "atcindin.dat", "atcind.dat",
+          "mhindin.dat", "mhind.dat", "ellnrend.dat"}},
+        // The INI reader and writer on one file's content. Segments: content, section, key, value.
+        {"ini_fuzz", {}},
+    };
+    return layouts;
+}
+
+}  // namespace rovanel::fuzzing
