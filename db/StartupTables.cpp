@@ -19,8 +19,10 @@ namespace
 // Line-buffer sizes of the original reads; a longer line is cut, never split.
 constexpr std::size_t kLineBuffer = 255;
 
-// A count larger than this cannot be a real database; the loader stops rather than allocate for it.
-constexpr std::int32_t kMaximumCount = 50'000'000;
+// A count larger than this cannot be a real database (the generator's largest has 40,000 products); the
+// loader stops rather than allocate for it. The tables are allocated at their counts whatever the files
+// hold, so this bound is what keeps a 100-byte inf.dat from costing gigabytes.
+constexpr std::int32_t kMaximumCount = 1'000'000;
 
 // "%d,%d,...": a number, then a literal comma that must follow at once, and so on; returns how many
 // numbers were read before the first mismatch.
