@@ -1508,8 +1508,8 @@ std::string Generator::regulationTree() const
             tree += "\t\t" + regulation.code + cp(": külön kereten finanszírozott") + "\r\n";
     const char* closing[] = {
         "\tIV. Közgyógyellátás",
-        "\t\t1. Közgyógyellátásra jogosult a rendszeres gyógyító ellátás költségeinek viselésére képtelen "
-        "beteg.",
+        ("\t\t1. Közgyógyellátásra jogosult a rendszeres gyógyító ellátás költségeinek viselésére képtelen "
+         "beteg."),
         "\t\t2. A közgyógyellátás keretében rendelt gyógyszerért térítési díjat nem kell fizetni.",
         "\tV. Tápszerek és gyógyászati segédeszközök",
         "\t\t1. Tápszer támogatással csak a megjelölt betegségekben rendelhető.",

@@ -27,8 +27,29 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
           "mhindin.dat", "mhind.dat", "ellnrend.dat"}},
         // The INI reader and writer on one file's content. Segments: content, section, key, value.
         {"ini_fuzz", {}},
+        // KhRun in both modes. Parameters: mode, ATC node, SzedettGyCount, EllSelCount, then the
+        // SzedettGy slots (21) and the EllSel slots.
+        {"khrun_fuzz",
+         {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat", "x.dat", "nevrend.dat", "nevpos.dat", "gy.ful",
+          "atcindin.dat", "atcind.dat", "ellindin.dat", "ellind.dat", "ellnrend.dat", "atcnrend.dat"}},
+        // The side-effect and active-ingredient searches. Parameters: side effect, ingredient,
+        // SzedettGyCount, then the SzedettGy slots.
+        {"search_fuzz",
+         {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat", "x.dat", "nevrend.dat", "mhindin.dat", "mhind.dat",
+          "haindinf.dat", "haind.dat"}},
+        // The tree-file parser on one file's content (atcnren2.dat and the like); no parameters.
+        {"treefile_fuzz", {}},
     };
     return layouts;
+}
+
+// The files of `target`'s inputs.
+inline const std::vector<std::string_view>& layoutFiles(std::string_view target)
+{
+    for (const FuzzLayout& layout : fuzzLayouts())
+        if (layout.target == target) return layout.files;
+    static const std::vector<std::string_view> none;
+    return none;
 }
 
 }  // namespace rovanel::fuzzing

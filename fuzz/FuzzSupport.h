@@ -54,7 +54,7 @@ public:
     {
         const char* position = line.data();
         const char* end = line.data() + line.size();
-        while (position < end && m_values.size() < 16) {
+        while (position < end && m_values.size() < 64) {
             std::int64_t value = 0;
             const auto [next, error] = std::from_chars(position, end, value);
             if (error == std::errc{}) {

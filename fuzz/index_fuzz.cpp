@@ -42,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto segments = splitSegments(input);
     const Parameters parameters(segments.front());
     FuzzDirectory& directory = fuzzDirectory();
-    directory.populate(segments, fuzzLayouts()[1].files);
+    directory.populate(segments, layoutFiles("index_fuzz"));
 
     const StartupTables tables = loadStartupTables(directory.path(), directory.path() / "RV.INI");
     const std::int64_t record = parameters.at(0);

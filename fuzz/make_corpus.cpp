@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "db/DataFile.h"
+#include "db/DatabaseGenerator.h"
 #include "fuzz/FuzzLayouts.h"
 #include "tests/support/TinyDatabase.h"
 
@@ -18,8 +19,10 @@ using namespace rovanel::fuzzing;
 namespace
 {
 
-// Seeds stay small so that the fuzzers run fast: each file is cut to this many bytes.
-constexpr std::size_t kFileLimit = 16 * 1024;
+// Seeds stay small so that the fuzzers run fast: each file is cut to this many bytes (gy.ful of the
+// smallest generated database stays whole).
+constexpr std::size_t kFileLimit = 48 * 1024;
+constexpr std::size_t kTreeLimit = 8 * 1024;
 
 using Database = std::map<std::string, std::string, std::less<>>;
 
@@ -44,6 +47,17 @@ std::string input(const std::string& parameters, const std::vector<std::string_v
     return bytes;
 }
 
+// The khrun_fuzz parameter line: mode, ATC node, the drugs taken and the contraindications chosen.
+std::string selection(int mode, std::int64_t node, const std::vector<std::int32_t>& drugs,
+                      const std::vector<std::int32_t>& contraindications)
+{
+    std::string line = std::to_string(mode) + " " + std::to_string(node) + " " +
+                       std::to_string(drugs.size()) + " " + std::to_string(contraindications.size());
+    for (std::size_t i = 0; i < 21; ++i) line += " " + std::to_string(i < drugs.size() ? drugs[i] : -1);
+    for (const std::int32_t c : contraindications) line += " " + std::to_string(c);
+    return line;
+}
+
 void writeSeed(const std::filesystem::path& folder, int number, const std::string& bytes)
 {
     std::filesystem::create_directories(folder);
@@ -62,22 +76,61 @@ int main(int argc, char** argv)
     const std::filesystem::path output = argv[1];
     testing::ScratchDirectory tiny;
     testing::writeTinyDatabase(tiny);
-    const Database database = readDatabase(tiny.path());
-    Database withUserIni = database;
-    withUserIni["RV.INI"] = "[Rovanel Beallitasok]\r\nNapiKezTeljesArbol=IGEN\r\n";
+    testing::ScratchDirectory generated;
+    std::string error;
+    const auto planted = generateDatabase(generated.path(), GeneratorOptions{kMinimumProducts, 1}, &error);
+    if (!planted) {
+        std::fprintf(stderr, "rovanel_fuzz_corpus: %s\n", error.c_str());
+        return 1;
+    }
+    const std::vector<Database> databases = {readDatabase(tiny.path()), readDatabase(generated.path())};
+    const PlantedCases& cases = *planted;
 
     for (const FuzzLayout& layout : fuzzLayouts()) {
         const std::filesystem::path folder = output / std::string(layout.target);
+        const std::string separator(kSegmentSeparator);
         int number = 0;
-        if (layout.target == "startup_fuzz") {
-            writeSeed(folder, number++, input("", layout.files, database));
-            writeSeed(folder, number++, input("", layout.files, withUserIni));
-        } else if (layout.target == "index_fuzz") {
-            // record, ATC key, name line, side-effect key
-            for (const char* parameters : {"0 0 0 0", "1 1 1 1", "4 2 0 0", "3 3 1 1"})
-                writeSeed(folder, number++, input(parameters, layout.files, database));
-        } else if (layout.target == "ini_fuzz") {
-            const std::string separator(kSegmentSeparator);
+        for (const Database& database : databases) {
+            if (layout.target == "startup_fuzz") {
+                writeSeed(folder, number++, input("", layout.files, database));
+                Database withUserIni = database;
+                withUserIni["RV.INI"] = "[Rovanel Beallitasok]\r\nNapiKezTeljesArbol=IGEN\r\n";
+                writeSeed(folder, number++, input("", layout.files, withUserIni));
+            } else if (layout.target == "index_fuzz") {
+                // record, ATC key, name line, side-effect key
+                for (const char* parameters : {"0 0 0 0", "1 1 1 1", "4 2 0 0", "3 3 1 1", "40 150 20 30"})
+                    writeSeed(folder, number++, input(parameters, layout.files, database));
+            } else if (layout.target == "khrun_fuzz") {
+                const std::vector<std::string> selections = {
+                    selection(1, 0, {0, 1, 2}, {}),
+                    selection(2, 0, {}, {}),
+                    selection(1, 0, {cases.avoidFirst, cases.avoidSecond}, {}),
+                    selection(1, 0, {cases.carefulFirst, cases.carefulSecond}, {cases.contraindicationIndex}),
+                    selection(1, 0, {cases.contraindicated, cases.longCodeLineDrug}, {}),
+                    selection(2, cases.contraindicatedGroupNode, {cases.carefulFirst},
+                              {cases.contraindicationIndex}),
+                    selection(2, cases.contraindicatedGroupNode, {}, {}),
+                };
+                for (const std::string& parameters : selections)
+                    writeSeed(folder, number++, input(parameters, layout.files, database));
+            } else if (layout.target == "search_fuzz") {
+                // side effect, ingredient, SzedettGyCount, SzedettGy
+                for (const char* parameters : {"0 0 0", "1 1 2 0 1", "5 3 3 1 2 3", "-1 -1 0"})
+                    writeSeed(folder, number++, input(parameters, layout.files, database));
+            } else if (layout.target == "treefile_fuzz") {
+                for (const char* tree : {"atcnren2.dat", "ellnren2.dat", "mhnren2.dat", "rend2.ful"}) {
+                    const auto found = database.find(tree);
+                    if (found != database.end())
+                        writeSeed(folder, number++, found->second.substr(0, kTreeLimit));
+                }
+            } else if (layout.target == "ini_fuzz") {
+                if (const auto found = database.find("RV.INI"); found != database.end())
+                    writeSeed(folder, number++,
+                              found->second + separator + "Rovanel Beallitasok" + separator +
+                                  "NapiKezTeljesArbol" + separator + "IGEN");
+            }
+        }
+        if (layout.target == "ini_fuzz") {
             writeSeed(folder, number++,
                       "[Rovanel Beallitasok]\r\nKgyTxtPath=C:\\kgy.txt\r\n\r\n[BetegAdatok]\r\nNev=\"Kiss "
                       "Anna\"\r\n" +

@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const std::string_view input(reinterpret_cast<const char*>(data), size);
     FuzzDirectory& directory = fuzzDirectory();
-    directory.populate(splitSegments(input), fuzzLayouts()[0].files);
+    directory.populate(splitSegments(input), layoutFiles("startup_fuzz"));
 
     const StartupTables tables = loadStartupTables(directory.path(), directory.path() / "RV.INI");
     const DatabaseCounts& counts = tables.counts;
