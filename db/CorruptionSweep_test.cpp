@@ -15,8 +15,14 @@
 #include <vector>
 
 #include "db/DataFile.h"
+#include "db/DatabaseGenerator.h"
+#include "db/DrugSelection.h"
+#include "db/FoundDrugs.h"
+#include "db/Interaction.h"
 #include "db/ProductIndex.h"
+#include "db/Searches.h"
 #include "db/StartupTables.h"
+#include "db/TreeFile.h"
 #include "tests/support/TinyDatabase.h"
 
 namespace rovanel
@@ -102,8 +108,64 @@ std::vector<Damage> damages()
     return list;
 }
 
+// What the readers are asked about: drugs taken and groups listed, chosen where the database has its
+// findings so that the engine reads deep into the damaged files.
+struct Probe {
+    std::vector<std::int32_t> drugsTaken;
+    std::vector<std::int32_t> contraindications;
+    std::vector<std::int64_t> atcNodes;
+};
+
+std::string checkEngine(const StartupTables& tables, const Probe& probe, KhMode mode, std::int64_t node)
+{
+    DrugSelection selection;
+    selection.resetForInteractionWindow();
+    for (const std::int32_t drug : probe.drugsTaken) (void)selection.addDrug(drug);
+    selection.clearContraindications();
+    for (const std::int32_t contraindication : probe.contraindications)
+        (void)selection.addContraindication(contraindication);
+    const KhRunResult result = KhRun(tables, selection, mode, node);
+    if (result.found.size() > kKhFoundLimit) return "KhRun: more than 600 found";
+    if (result.completed && result.listLines.size() != result.found.size())
+        return "KhRun: lines and table differ";
+    for (const FoundDrug& entry : result.found) {
+        if (entry.record < 0 || static_cast<std::size_t>(entry.record) >= tables.productCodes.size())
+            return "KhRun: found a record outside the table";
+        if (mode == KhMode::Check && std::find(probe.drugsTaken.begin(), probe.drugsTaken.end(),
+                                               entry.record) == probe.drugsTaken.end())
+            return "KhRun: a check listed a drug not taken";
+    }
+    return {};
+}
+
+std::string checkSearches(const StartupTables& tables, const Probe& probe)
+{
+    DrugSelection selection;
+    selection.resetForInteractionWindow();
+    for (const std::int32_t drug : probe.drugsTaken) (void)selection.addDrug(drug);
+    const auto valid = [&](const FoundDrugTable& table) {
+        for (const FoundDrug& entry : table.entries())
+            if (entry.record < 0 || static_cast<std::size_t>(entry.record) >= tables.productNames.size())
+                return false;
+        return foundDrugNames(tables, table).size() == table.entries().size();
+    };
+    for (std::int64_t key = -1; key < 8; ++key) {
+        FoundDrugTable all;
+        if (FillMhIdxList(tables, all, key).tableWritten && (!valid(all) || all.entries().size() > 600))
+            return "side-effect search outside the data";
+        FoundDrugTable among;
+        (void)FillMhSpecIdxList2(tables, selection, among, key);
+        if (!valid(among)) return "side-effect search among the drugs taken outside the data";
+        FoundDrugTable ingredient;
+        (void)HaKeres(tables, ingredient, key);
+        if (!valid(ingredient) || ingredient.entries().size() > 600)
+            return "ingredient search outside the data";
+    }
+    return {};
+}
+
 // The first broken expectation, or the empty text.
-std::string exerciseEveryReader(const std::filesystem::path& directory)
+std::string exerciseEveryReader(const std::filesystem::path& directory, const Probe& probe)
 {
     const StartupTables tables = loadStartupTables(directory, directory / "no-user.ini");
     const DatabaseCounts& counts = tables.counts;
@@ -166,17 +228,29 @@ std::string exerciseEveryReader(const std::filesystem::path& directory)
         const auto name = nameLine(contraindicationNames, index);
         if (name && name->size() > 254) return "name line longer than its buffer";
     }
-    return {};
+
+    for (const char* tree : {"atcnren2.dat", "ellnren2.dat", "mhnren2.dat", "rend2.ful"}) {
+        if (const auto nodes = loadTreeFile(dataFilePath(directory, tree)))
+            for (std::size_t i = 0; i < nodes->size(); ++i)
+                if ((*nodes)[i].depth < 0 || (i > 0 && (*nodes)[i].depth > (*nodes)[i - 1].depth + 1))
+                    return "tree depth out of step";
+    }
+
+    if (std::string broken = checkEngine(tables, probe, KhMode::Check, 0); !broken.empty()) return broken;
+    for (const std::int64_t node : probe.atcNodes)
+        if (std::string broken = checkEngine(tables, probe, KhMode::AtcGroup, node); !broken.empty())
+            return broken;
+    return checkSearches(tables, probe);
 }
 
 // Runs the readers in a child process so that a crash or a hang fails only this case.
-std::string runWithDeadline(const std::filesystem::path& directory)
+std::string runWithDeadline(const std::filesystem::path& directory, const Probe& probe)
 {
     std::fflush(nullptr);
     const pid_t child = fork();
     if (child < 0) return "fork failed";
     if (child == 0) {
-        const std::string broken = exerciseEveryReader(directory);
+        const std::string broken = exerciseEveryReader(directory, probe);
         if (!broken.empty()) std::fprintf(stderr, "broken: %s\n", broken.c_str());
         std::fflush(nullptr);
         _exit(broken.empty() ? 0 : 1);
@@ -196,9 +270,9 @@ std::string runWithDeadline(const std::filesystem::path& directory)
     return {};
 }
 
-void sweep(const ScratchDirectory& database)
+void sweep(const ScratchDirectory& database, const Probe& probe)
 {
-    ASSERT_EQ(runWithDeadline(database.path()), "") << "the undamaged database";
+    ASSERT_EQ(runWithDeadline(database.path(), probe), "") << "the undamaged database";
     std::vector<std::string> files;
     for (const auto& entry : std::filesystem::directory_iterator(database.path()))
         files.push_back(entry.path().filename().string());
@@ -208,10 +282,10 @@ void sweep(const ScratchDirectory& database)
         const std::string original = database.read(file);
         for (const Damage& damage : list) {
             database.write(file, damage.apply(original));
-            EXPECT_EQ(runWithDeadline(database.path()), "") << file << ", " << damage.what;
+            EXPECT_EQ(runWithDeadline(database.path(), probe), "") << file << ", " << damage.what;
         }
         database.remove(file);
-        EXPECT_EQ(runWithDeadline(database.path()), "") << file << ", removed";
+        EXPECT_EQ(runWithDeadline(database.path(), probe), "") << file << ", removed";
         database.write(file, original);
     }
 }
@@ -220,7 +294,32 @@ TEST(CorruptionSweep, TinyDatabaseSurvivesEveryDamageToEveryFile)
 {
     ScratchDirectory database;
     testing::writeTinyDatabase(database);
-    sweep(database);
+    sweep(database, Probe{{0, 1, 2}, {1}, {-1, 0, 1, 2, 3, 1000}});
+}
+
+TEST(CorruptionSweep, GeneratedDatabaseSurvivesEveryDamageToEveryFile)
+{
+    ScratchDirectory database;
+    const auto planted = generateDatabase(database.path(), GeneratorOptions{300, 7});
+    ASSERT_TRUE(planted);
+    // The drugs with findings: an avoid pair, a careful pair, the contraindicated one and the drug whose
+    // careful line is too long (last, so that the others are read before it stops the run).
+    const Probe probe{{planted->avoidFirst, planted->avoidSecond, planted->carefulFirst,
+                       planted->carefulSecond, planted->contraindicated, planted->longCodeLineDrug},
+                      {planted->contraindicationIndex},
+                      {0, 1, planted->contraindicatedGroupNode, planted->atcGroups - 1}};
+    // On the undamaged files the probe reaches the findings, so the damaged runs read what they read.
+    const StartupTables tables = loadStartupTables(database.path(), database.path() / "no-user.ini");
+    DrugSelection selection;
+    selection.resetForInteractionWindow();
+    for (const std::int32_t drug : probe.drugsTaken) (void)selection.addDrug(drug);
+    const KhRunResult check = KhRun(tables, selection, KhMode::Check, 0);
+    EXPECT_FALSE(check.completed) << "the over-long careful line stops the check";
+    ASSERT_EQ(check.messages.size(), 1u);
+    (void)selection.deleteDrug(6, 5);
+    EXPECT_GE(KhRun(tables, selection, KhMode::Check, 0).found.size(), 4u);
+    EXPECT_FALSE(KhRun(tables, selection, KhMode::AtcGroup, planted->contraindicatedGroupNode).found.empty());
+    sweep(database, probe);
 }
 
 }  // namespace
