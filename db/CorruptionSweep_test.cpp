@@ -16,12 +16,15 @@
 
 #include "db/DataFile.h"
 #include "db/DatabaseGenerator.h"
+#include "db/DescriptionBuilder.h"
 #include "db/DrugSelection.h"
 #include "db/FoundDrugs.h"
 #include "db/Interaction.h"
 #include "db/ProductIndex.h"
+#include "db/SameAtc.h"
 #include "db/Searches.h"
 #include "db/StartupTables.h"
+#include "db/StyledDocument.h"
 #include "db/TreeFile.h"
 #include "tests/support/TinyDatabase.h"
 
@@ -234,6 +237,24 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
             for (std::size_t i = 0; i < nodes->size(); ++i)
                 if ((*nodes)[i].depth < 0 || (i > 0 && (*nodes)[i].depth > (*nodes)[i - 1].depth + 1))
                     return "tree depth out of step";
+    }
+
+    // A description of a medicine and of a nutrition product, and the same-ATC listing of each.
+    for (const std::int32_t record : {probe.drugsTaken.front(), counts.medicines()}) {
+        StyledDocument document;
+        const int result = buildDescription(tables, record, document);
+        if (result != 0 && result != 1) return "description result neither 0 nor 1";
+        if (document.plainText().size() > 1'000'000) return "description larger than any block";
+        if (record < 0 || static_cast<std::size_t>(record) >= tables.productCodes.size()) continue;
+        const std::string& code = tables.productCodes[static_cast<std::size_t>(record)];
+        const AtcLevels levels = atcLevels(tables, code);
+        if (levels.lines.size() > 5) return "more than five ATC levels";
+        const SameAtcList same =
+            sameAtcProducts(tables, code, levels.levelLength, SameAtcOrder::Price, false);
+        if (same.lines.size() != same.found.size()) return "same-ATC lines and table differ";
+        for (const FoundDrug& entry : same.found)
+            if (entry.record < 0 || static_cast<std::size_t>(entry.record) >= tables.productCodes.size())
+                return "same-ATC listing outside the table";
     }
 
     if (std::string broken = checkEngine(tables, probe, KhMode::Check, 0); !broken.empty()) return broken;

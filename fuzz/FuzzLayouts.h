@@ -37,6 +37,12 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
         {"search_fuzz",
          {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat", "x.dat", "nevrend.dat", "mhindin.dat", "mhind.dat",
           "haindinf.dat", "haind.dat"}},
+        // The description builder and the drug list window's ATC levels and same-ATC listing.
+        // Parameters: record, level length, order (0 price, 1 name), hide deleted (0 or 1).
+        {"description_fuzz",
+         {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat", "x.dat", "nevrend.dat", "nevpos.dat", "gy.ful",
+          "atcnrend.dat", "ellnrend.dat", "mhnrend.dat", "rend.dat", "atcnren5.dat", "atcindin.dat",
+          "atcind.dat"}},
         // The tree-file parser on one file's content (atcnren2.dat and the like); no parameters.
         {"treefile_fuzz", {}},
     };

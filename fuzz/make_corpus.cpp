@@ -117,6 +117,14 @@ int main(int argc, char** argv)
                 // side effect, ingredient, SzedettGyCount, SzedettGy
                 for (const char* parameters : {"0 0 0", "1 1 2 0 1", "5 3 3 1 2 3", "-1 -1 0"})
                     writeSeed(folder, number++, input(parameters, layout.files, database));
+            } else if (layout.target == "description_fuzz") {
+                // record, level length, order, hide deleted
+                for (const std::string& parameters :
+                     {std::string("0 8 0 0"), std::string("1 4 1 1"),
+                      std::to_string(cases.contraindicated) + " 6 0 0",
+                      std::to_string(cases.avoidFirst) + " 1 1 0", std::to_string(cases.medicines) + " 3 0 1",
+                      std::string("-1 8 0 0")})
+                    writeSeed(folder, number++, input(parameters, layout.files, database));
             } else if (layout.target == "treefile_fuzz") {
                 for (const char* tree : {"atcnren2.dat", "ellnren2.dat", "mhnren2.dat", "rend2.ful"}) {
                     const auto found = database.find(tree);
