@@ -181,7 +181,17 @@ std::optional<std::vector<std::string>> productBlock(DataFile& gyful, DataFile& 
 {
     const auto offset = textPosition(nevpos, record);
     if (!offset || !gyful.isOpen() || *offset >= gyful.size()) return std::nullopt;
-    const std::string bytes = gyful.read(*offset, kBlockLimit);
+    // Read a little first and more only while the end marker is not in sight: most blocks are a few
+    // kilobytes, and the bound keeps a block without its end marker from swallowing the file.
+    std::string bytes;
+    std::size_t endMarker = std::string::npos;
+    for (std::size_t chunk = 8192;; chunk *= 2) {
+        bytes += gyful.read(*offset + bytes.size(), std::min(chunk, kBlockLimit - bytes.size()));
+        endMarker = bytes.find(kBlockEnd);
+        if (endMarker != std::string::npos || bytes.size() >= kBlockLimit ||
+            *offset + bytes.size() >= gyful.size())
+            break;
+    }
     std::vector<std::string> lines;
     const std::size_t maxLength = lineBuffer > 1 ? lineBuffer - 1 : 1;
     std::size_t position = 0;

@@ -88,7 +88,7 @@ std::int32_t StartupTables::contraindicationOfCode(std::string_view code) const
 bool loadLineList(const std::filesystem::path& path, std::size_t columnLimit, TextList& lines)
 {
     auto content = readWholeFile(path);
-    if (!content) return false;
+    if (!content || content->size() > 0xFFFFFFFFu) return false;
     // The texts stay where the file's bytes are: no copy of ten thousand names at every start.
     TextList read;
     read.adopt(std::move(*content));

@@ -10,11 +10,14 @@
 #include <string_view>
 #include <vector>
 
-namespace rovanel {
+namespace rovanel
+{
 
-class TextList {
+class TextList
+{
 public:
-    class Iterator {
+    class Iterator
+    {
     public:
         using iterator_category = std::forward_iterator_tag;
         using value_type = std::string_view;
@@ -51,13 +54,16 @@ public:
         m_spans.clear();
     }
     // Adds the text at [begin, begin + length) of the storage.
-    void pushSpan(std::size_t begin, std::size_t length) { m_spans.push_back({begin, length}); }
+    void pushSpan(std::size_t begin, std::size_t length)
+    {
+        m_spans.push_back({static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(length)});
+    }
     [[nodiscard]] const std::string& storage() const { return m_bytes; }
 
     void reserve(std::size_t texts) { m_spans.reserve(texts); }
     void push_back(std::string_view text)
     {
-        m_spans.push_back({m_bytes.size(), text.size()});
+        pushSpan(m_bytes.size(), text.size());
         m_bytes.append(text);
     }
     // Keeps the first `count` texts.
@@ -82,9 +88,11 @@ public:
     [[nodiscard]] std::vector<std::string> toVector() const { return {begin(), end()}; }
 
 private:
+    // 32-bit spans: a list file of 4 GB is not a list file, and half the size keeps ten thousand spans
+    // in ordinary heap memory rather than fresh pages at every load.
     struct Span {
-        std::size_t begin;
-        std::size_t length;
+        std::uint32_t begin;
+        std::uint32_t length;
     };
     std::string m_bytes;
     std::vector<Span> m_spans;
