@@ -5,7 +5,7 @@
 #include "db/Cp1250.h"
 #include "db/StartupTables.h"
 #include "db/StyledDocument.h"
-#include "tests/fixtures/TinyDatabase.h"
+#include "tests/fixtures/SixProductDatabase.h"
 
 namespace rovanel
 {
@@ -27,7 +27,7 @@ std::string describe(const StartupTables& tables, std::int32_t record, int* resu
 
 TEST(DescriptionBuilder, ProductWithEverySectionReadsInSectionOrder)
 {
-    testing::TinyDatabase database;
+    testing::SixProductDatabase database;
     const StartupTables tables = load(database.write());
     int result = -1;
     EXPECT_EQ(describe(tables, 0, &result),
@@ -61,7 +61,7 @@ TEST(DescriptionBuilder, ProductWithEverySectionReadsInSectionOrder)
 
 TEST(DescriptionBuilder, EmptySectionsLeaveTheirHeadingsOut)
 {
-    testing::TinyDatabase database;
+    testing::SixProductDatabase database;
     const StartupTables tables = load(database.write());
     const std::string beta = describe(tables, 1);
     for (const char* absent : {"Óvatosan", "Együttadása", "Mérgezés", "Ellenjavallatok:", "Mellékhatások:",
@@ -81,7 +81,7 @@ TEST(DescriptionBuilder, EmptySectionsLeaveTheirHeadingsOut)
 
 TEST(DescriptionBuilder, PriceLinesFollowTheDoseCountAndTheFullPriceSetting)
 {
-    testing::TinyDatabase database;
+    testing::SixProductDatabase database;
     StartupTables tables = load(database.write());
     // Dose count "1,5" is 1.5: 10 Ft payable a package is 6.67 a day.
     EXPECT_NE(
@@ -99,7 +99,7 @@ TEST(DescriptionBuilder, FailuresGiveOneAndBuildNothingBeyondWhatWasWritten)
 {
     {
         SCOPED_TRACE("record -1 builds nothing and succeeds");
-        testing::TinyDatabase database;
+        testing::SixProductDatabase database;
         const StartupTables tables = load(database.write());
         int result = -1;
         EXPECT_EQ(describe(tables, -1, &result), "");
@@ -111,7 +111,7 @@ TEST(DescriptionBuilder, FailuresGiveOneAndBuildNothingBeyondWhatWasWritten)
     }
     {
         SCOPED_TRACE("a block code not in KOD.DAT table 1 stops at the title");
-        testing::TinyDatabase database;
+        testing::SixProductDatabase database;
         database.blocks[0].replace(0, 10, "Z99ZZ-9999");
         const StartupTables tables = load(database.write());
         int result = -1;
@@ -123,7 +123,7 @@ TEST(DescriptionBuilder, FailuresGiveOneAndBuildNothingBeyondWhatWasWritten)
     for (const char* missing :
          {"gy.ful", "nevpos.dat", "atcnrend.dat", "ellnrend.dat", "mhnrend.dat", "nevrend.dat"}) {
         SCOPED_TRACE(missing);
-        testing::TinyDatabase database;
+        testing::SixProductDatabase database;
         const auto directory = database.write();
         const StartupTables tables = load(directory);
         std::filesystem::remove(directory / missing);
@@ -135,7 +135,7 @@ TEST(DescriptionBuilder, FailuresGiveOneAndBuildNothingBeyondWhatWasWritten)
 
 TEST(DescriptionBuilder, UnknownCodesAreShownAsCodesAndMissingRendDatOnlyLosesTheTexts)
 {
-    testing::TinyDatabase database;
+    testing::SixProductDatabase database;
     auto& block = database.blocks[0];
     block.replace(block.find("E02\r\n"), 5, "E77\r\n");
     database.files.erase("rend.dat");
@@ -149,7 +149,7 @@ TEST(DescriptionBuilder, UnknownCodesAreShownAsCodesAndMissingRendDatOnlyLosesTh
 
 TEST(DescriptionBuilder, EveryJumpTextFirstOccursAtTheStartOfItsBoldHeading)
 {
-    testing::TinyDatabase database;
+    testing::SixProductDatabase database;
     const StartupTables tables = load(database.write());
     StyledDocument document;
     ASSERT_EQ(buildDescription(tables, 0, document), 0);
@@ -171,7 +171,7 @@ TEST(DescriptionBuilder, EveryJumpTextFirstOccursAtTheStartOfItsBoldHeading)
 
 TEST(DescriptionBuilder, TitleIsEntryOneThenTheNameInBoldBlueOfHeightTwenty)
 {
-    testing::TinyDatabase database;
+    testing::SixProductDatabase database;
     const StartupTables tables = load(database.write());
     StyledDocument document;
     ASSERT_EQ(buildDescription(tables, 3, document), 0);

@@ -4,7 +4,7 @@
 
 #include "db/Cp1250.h"
 #include "db/StartupTables.h"
-#include "tests/fixtures/TinyDatabase.h"
+#include "tests/fixtures/SixProductDatabase.h"
 
 namespace rovanel
 {
@@ -32,7 +32,7 @@ std::vector<std::int32_t> records(const SameAtcList& list)
 
 TEST(AtcLevels, ListsEveryLevelFoundAsAGroup)
 {
-    testing::TinyDatabase database;
+    testing::SixProductDatabase database;
     const StartupTables tables = load(database.write());
     const AtcLevels full = atcLevels(tables, "C08CA-0100");
     EXPECT_EQ(utf8(full.lines),
@@ -53,7 +53,7 @@ TEST(AtcLevels, ListsEveryLevelFoundAsAGroup)
 
 TEST(SameAtcProducts, OrdersByDailyPriceWithNoPriceLastOrByName)
 {
-    testing::TinyDatabase database;
+    testing::SixProductDatabase database;
     const StartupTables tables = load(database.write());
     const SameAtcList byPrice = sameAtcProducts(tables, "C08CA-0100", 1, SameAtcOrder::Price, false);
     EXPECT_EQ(utf8(byPrice.lines),
@@ -70,7 +70,7 @@ TEST(SameAtcProducts, OrdersByDailyPriceWithNoPriceLastOrByName)
 
 TEST(SameAtcProducts, HideDeletedLeavesOutTtProducts)
 {
-    testing::TinyDatabase database;
+    testing::SixProductDatabase database;
     const StartupTables tables = load(database.write());
     EXPECT_EQ(records(sameAtcProducts(tables, "C", 1, SameAtcOrder::Name, true)),
               (std::vector<std::int32_t>{0, 1}));
@@ -78,7 +78,7 @@ TEST(SameAtcProducts, HideDeletedLeavesOutTtProducts)
 
 TEST(SameAtcProducts, FullPriceSettingPricesByTheFullPrice)
 {
-    testing::TinyDatabase database;
+    testing::SixProductDatabase database;
     StartupTables tables = load(database.write());
     tables.fullPriceDailyCost = true;
     const SameAtcList list = sameAtcProducts(tables, "C08CA-01", 8, SameAtcOrder::Price, false);
@@ -89,14 +89,14 @@ TEST(SameAtcProducts, BadCodesFilesAndCountsGiveEmptyOrBoundedLists)
 {
     {
         SCOPED_TRACE("code that is no group reads the sentinel");
-        testing::TinyDatabase database;
+        testing::SixProductDatabase database;
         const StartupTables tables = load(database.write());
         EXPECT_TRUE(sameAtcProducts(tables, "Q01AA-0100", 8, SameAtcOrder::Price, false).lines.empty());
         EXPECT_TRUE(sameAtcProducts(tables, "", 8, SameAtcOrder::Price, false).lines.empty());
     }
     for (const char* missing : {"atcindin.dat", "atcind.dat", "gy.ful", "nevpos.dat"}) {
         SCOPED_TRACE(missing);
-        testing::TinyDatabase database;
+        testing::SixProductDatabase database;
         const auto directory = database.write();
         const StartupTables tables = load(directory);
         std::filesystem::remove(directory / missing);
@@ -104,7 +104,7 @@ TEST(SameAtcProducts, BadCodesFilesAndCountsGiveEmptyOrBoundedLists)
     }
     {
         SCOPED_TRACE("a count beyond the file and record numbers out of range");
-        testing::TinyDatabase database;
+        testing::SixProductDatabase database;
         auto& directory = database.files["atcindin.dat"];
         directory.replace(3 * 16, 14, "0,99999999    ");
         database.files["atcind.dat"] = "3\r\n0\r\n-1\r\n77\r\n1\r\n2\r\n3\r\n";

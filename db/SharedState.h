@@ -13,6 +13,9 @@ struct SharedState {
     StartupTables tables;
     FoundDrugTable found;
     DrugSelection selection;
+    // "Törzskönyvből törölt kiszerlés nem kell": leave packages deleted from the register (TT flag) out of
+    // the same-ATC lists; set by whichever window read or wrote "TTNemKellLeirasba" last.
+    bool hideDeleted = false;
 };
 
 }  // namespace rovanel

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/fixtures/TinyDatabase.h"
+#include "tests/fixtures/SixProductDatabase.h"
 
 namespace
 {
@@ -32,7 +32,7 @@ CliRun rvcli(const std::string& arguments)
 
 TEST(RvcliDescribe, PrintsTheDescriptionInUtf8WithItsHeadings)
 {
-    rovanel::testing::TinyDatabase database;
+    rovanel::testing::SixProductDatabase database;
     const std::string directory = database.write().string();
     const CliRun run = rvcli("describe " + directory + " 1");
     EXPECT_EQ(run.exitCode, 0);
@@ -47,7 +47,7 @@ TEST(RvcliDescribe, PrintsTheDescriptionInUtf8WithItsHeadings)
 
 TEST(RvcliSameAtc, ListsTheDeepestLevelByPriceOrByName)
 {
-    rovanel::testing::TinyDatabase database;
+    rovanel::testing::SixProductDatabase database;
     const std::string directory = database.write().string();
     EXPECT_EQ(rvcli("same-atc " + directory + " C").out,
               "BETA 10 MG TABLETTA 30X  6.7 Ft/nap\nALFA 5 MG TABLETTA 30X  13.3 Ft/nap\nGAMMA KAPSZULA 20X  "
@@ -59,7 +59,7 @@ TEST(RvcliSameAtc, ListsTheDeepestLevelByPriceOrByName)
 
 TEST(RvcliDescribe, RefusesBadUsageWithExitCode2)
 {
-    rovanel::testing::TinyDatabase database;
+    rovanel::testing::SixProductDatabase database;
     const std::string directory = database.write().string();
     for (const std::string& arguments :
          std::vector<std::string>{"describe", "describe " + directory, "describe " + directory + " x",
