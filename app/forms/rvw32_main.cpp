@@ -8,8 +8,10 @@
 
 #include "app/forms/Rvmain.h"
 #include "app/forms/SingleInstance.h"
+#include "views/forms/Rvgykozos.h"
 #include "views/forms/Rvha.h"
 #include "views/forms/Rvkh.h"
+#include "views/forms/Rvlist.h"
 #include "views/forms/Rvmh.h"
 #include "views/forms/Rvrend.h"
 
@@ -33,14 +35,23 @@ int main(int argc, char** argv)
     //     Main->attachWindow(TMain::Window::Gylist, Gylist.get());
     auto Main = std::make_unique<TMain>(QApplication::arguments().mid(1));
     QObject::connect(Main.get(), &TMain::closed, &app, &QCoreApplication::quit);
+    auto Gylist = std::make_unique<TGylist>(Main->state());
+    Main->attachWindow(TMain::Window::Gylist, Gylist.get());
     auto Kh = std::make_unique<TKh>(Main->state());
     Main->attachWindow(TMain::Window::Kh, Kh.get());
+    // The one shared description viewer of the windows that list drugs.
+    auto GyKozos = std::make_unique<TGyKozos>(Main->state());
+    const auto showDescription = [viewer = GyKozos.get()](std::int32_t record, const QString& caption) {
+        viewer->showProduct(record, caption);
+    };
+    Kh->setDescriptionViewer(showDescription);
     auto HaForm = std::make_unique<THaForm>(Main->state());
     Main->attachWindow(TMain::Window::HaForm, HaForm.get());
     auto Rend = std::make_unique<TRend>(Main->state());
     Main->attachWindow(TMain::Window::Rend, Rend.get());
     auto Mh = std::make_unique<TMh>(Main->state());
     Main->attachWindow(TMain::Window::Mh, Mh.get());
+    Mh->setDescriptionViewer(showDescription);
 
     new SingleInstanceAnswer(Main.get());
     Main->show();

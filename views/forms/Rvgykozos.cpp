@@ -27,7 +27,7 @@ constexpr JumpButton kJumpButtons[10] = {
     {"JumpMer", "&Mérgezés"},
 };
 constexpr int kJumpLefts[10] = {0, 71, 142, 213, 284, 355, 426, 497, 568, 640};
-constexpr int kHelpContext = 320;
+constexpr int kHelpContext = 510;
 
 }  // namespace
 

@@ -45,7 +45,7 @@ constexpr JumpButton kJumpButtons[10] = {
 constexpr const char* kPicturePrefix = "C08";
 constexpr const char* kPictureFile = "r1.jpg";
 
-constexpr int kHelpContext = 310;
+constexpr int kHelpContext = 500;
 constexpr int kLeirasHeight = 470;
 const char* const kTtKey = "TTNemKellLeirasba";
 
