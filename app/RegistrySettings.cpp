@@ -2,6 +2,8 @@
 
 #include <charconv>
 #include <map>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "app/IniFile.h"
@@ -389,7 +391,12 @@ private:
         Content content;
         const auto text = readWholeFile(m_file);
         if (!text) return content;
-        Key* current = nullptr;
+        // Keys and value names by their upper-case form, so that a file of many sections or values loads
+        // in linear time (every read loads the file).
+        std::unordered_map<std::string, std::size_t> keyPositions;
+        std::vector<std::unordered_set<std::string>> valueNames;
+        std::size_t current = 0;
+        bool inKey = false;
         std::string_view rest = *text;
         while (!rest.empty()) {
             const std::size_t newline = rest.find('\n');
@@ -397,16 +404,23 @@ private:
             rest = newline == std::string_view::npos ? std::string_view{} : rest.substr(newline + 1);
             if (line.empty() || line.front() == ';') continue;
             if (line.front() == '[' && line.back() == ']') {
-                current = &findOrAddKey(content, strip(line.substr(1, line.size() - 2)));
+                const std::string_view path = withoutLeadingBackslash(strip(line.substr(1, line.size() - 2)));
+                const auto [position, added] =
+                    keyPositions.try_emplace(upperAscii(path), content.keys.size());
+                if (added) {
+                    content.keys.push_back({std::string(path), {}});
+                    valueNames.emplace_back();
+                }
+                current = position->second;
+                inKey = true;
                 continue;
             }
             const std::size_t equals = line.find('=');
-            if (!current || equals == std::string_view::npos) continue;
+            if (!inKey || equals == std::string_view::npos) continue;
             const std::string name(strip(line.substr(0, equals)));
-            bool duplicate = false;  // the first of duplicate lines wins, as in every INI file
-            for (const auto& existing : current->values)
-                duplicate = duplicate || upperAscii(existing.first) == upperAscii(name);
-            if (!duplicate) current->values.emplace_back(name, std::string(strip(line.substr(equals + 1))));
+            // The first of duplicate lines wins, as in every INI file.
+            if (valueNames[current].insert(upperAscii(name)).second)
+                content.keys[current].values.emplace_back(name, std::string(strip(line.substr(equals + 1))));
         }
         return content;
     }

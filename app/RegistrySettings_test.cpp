@@ -222,6 +222,25 @@ TEST_F(RegistryFile, DamagedLinesAreIgnoredAndUnknownDataReadsAsTheWrongType)
     EXPECT_EQ(RegReadString(*m_store, "\\Software\\Rovanel\\ProxyPort").error->text, kWrongType);
 }
 
+// A registry.ini of many thousands of sections once took seconds for every read (each read loads the file,
+// and the load compared every section with every other); the merging rules are pinned here.
+TEST_F(RegistryFile, ManySectionsMergeByNameWithoutRegardToCaseAndTheFirstValueWins)
+{
+    {
+        std::ofstream out(file(), std::ios::binary);
+        out << "[Software\\Rovanel\\Version]\r\n\\Software\\Rovanel\\Version=sz:\"2.0\"\r\n";
+        for (int i = 0; i < 20000; ++i)
+            out << "[Software\\Other\\" << i << "]\r\nv" << i << "=dword:" << i << "\r\n";
+        out << "[\\SOFTWARE\\ROVANEL\\version]\r\n\\Software\\Rovanel\\VERSION=sz:\"3.0\"\r\n"
+               "\\Software\\Rovanel\\Language=sz:\"hu\"\r\n";
+    }
+    EXPECT_EQ(RegReadString(*m_store, "\\Software\\Rovanel\\Version").value, "2.0");
+    EXPECT_EQ(m_store->readValue("Software\\Rovanel\\Version", "\\Software\\Rovanel\\Language").value->text,
+              "hu")
+        << "a later section of the same key adds to it";
+    EXPECT_EQ(m_store->readValue("Software\\Other\\19999", "V19999").value->number, 19999u);
+}
+
 TEST_F(RegistryFile, StoreThatCannotBeWrittenGivesAccessDeniedAndTheFirstErrorEndsStartUpWork)
 {
     std::filesystem::create_directories(file());  // a directory where the file should be
