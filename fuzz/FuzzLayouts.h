@@ -43,6 +43,9 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
          {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat", "x.dat", "nevrend.dat", "nevpos.dat", "gy.ful",
           "atcnrend.dat", "ellnrend.dat", "mhnrend.dat", "rend.dat", "atcnren5.dat", "atcindin.dat",
           "atcind.dat"}},
+        // The portable registry store. Segments after the (unused) parameter line: registry.ini, then a
+        // text the target writes into a setting.
+        {"registry_fuzz", {"registry.ini"}},
         // The tree-file parser on one file's content (atcnren2.dat and the like); no parameters.
         {"treefile_fuzz", {}},
     };

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "app/RegistrySettings.h"
 #include "db/DataFile.h"
 #include "db/DatabaseGenerator.h"
 #include "fuzz/FuzzLayouts.h"
@@ -125,6 +126,16 @@ int main(int argc, char** argv)
                       std::to_string(cases.avoidFirst) + " 1 1 0", std::to_string(cases.medicines) + " 3 0 1",
                       std::string("-1 8 0 0")})
                     writeSeed(folder, number++, input(parameters, layout.files, database));
+            } else if (layout.target == "registry_fuzz") {
+                // Made by the store itself: the defaults, one setting changed by hand.
+                testing::ScratchDirectory folderOfStore;
+                const auto store = openRegistryFile(folderOfStore.path() / "registry.ini");
+                (void)EnsureRegistryDefaults(*store);
+                std::string file = folderOfStore.read("registry.ini");
+                writeSeed(folder, number++, separator + file + separator + "D:\\Adatok\\rv%20");
+                writeSeed(folder, number++, separator + file.substr(0, file.size() / 2));
+                writeSeed(folder, number++, separator + "[Software\\Rovanel]\r\nx=dword:12\r\n");
+                break;  // one database is enough: the store does not read it
             } else if (layout.target == "treefile_fuzz") {
                 for (const char* tree : {"atcnren2.dat", "ellnren2.dat", "mhnren2.dat", "rend2.ful"}) {
                     const auto found = database.find(tree);
