@@ -246,7 +246,7 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
         if (result != 0 && result != 1) return "description result neither 0 nor 1";
         if (document.plainText().size() > 1'000'000) return "description larger than any block";
         if (record < 0 || static_cast<std::size_t>(record) >= tables.productCodes.size()) continue;
-        const std::string& code = tables.productCodes[static_cast<std::size_t>(record)];
+        const std::string_view code = tables.productCodes[static_cast<std::size_t>(record)];
         const AtcLevels levels = atcLevels(tables, code);
         if (levels.lines.size() > 5) return "more than five ATC levels";
         const SameAtcList same =

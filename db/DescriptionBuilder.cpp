@@ -45,7 +45,7 @@ constexpr std::string_view kCarefulHeading = "\xD3vatosan egy\xFCttadhat\xF3:";
 constexpr std::string_view kAvoidHeading = "Egy\xFCttad\xE1sa ker\xFClend\xF5:";
 constexpr std::string_view kPoisoningHeading = "M\xE9rgez\xE9s eset\xE9n teend\xF5:";
 
-std::int64_t slotOf(const std::vector<std::string>& table, std::string_view code)
+std::int64_t slotOf(const TextList& table, std::string_view code)
 {
     for (std::size_t i = 0; i < table.size(); ++i)
         if (table[i] == code) return static_cast<std::int64_t>(i);
@@ -227,8 +227,7 @@ private:
     }
 
     void codes(const std::vector<std::string_view>& lines, std::string_view marker,
-               std::string_view headingText, const std::vector<std::string>& table, DataFile& names,
-               bool atcCodes)
+               std::string_view headingText, const TextList& table, DataFile& names, bool atcCodes)
     {
         const auto section = sectionLines(lines, marker);
         if (section.empty()) return;

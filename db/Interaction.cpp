@@ -337,7 +337,7 @@ private:
         for (std::int64_t i = 0; i < count; ++i) {
             const std::int32_t node = m_selection.EllSel[static_cast<std::size_t>(i)];
             if (node < 0 || static_cast<std::size_t>(node) >= m_tables.contraindicationCodes.size()) continue;
-            const std::string& code = m_tables.contraindicationCodes[static_cast<std::size_t>(node)];
+            const std::string_view code = m_tables.contraindicationCodes[static_cast<std::size_t>(node)];
             if (isEmptyCode(code)) continue;
             chosen.emplace_back(code, nameLine(m_files.ellnrend, node).value_or(std::string{}));
         }

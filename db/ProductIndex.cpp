@@ -216,7 +216,7 @@ std::optional<ProductLocation> locateProduct(const StartupTables& tables, std::i
     DataFile nevpos(dataFilePath(tables.dataDirectory, "nevpos.dat"));
     const auto offset = textPosition(nevpos, record);
     if (!offset) return std::nullopt;
-    return ProductLocation{tables.productCodes[static_cast<std::size_t>(record)],
+    return ProductLocation{std::string(tables.productCodes[static_cast<std::size_t>(record)]),
                            std::string(tables.productName(record)), *offset};
 }
 

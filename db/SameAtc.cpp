@@ -74,7 +74,7 @@ AtcLevels atcLevels(const StartupTables& tables, std::string_view code)
         if (found == groups.end()) continue;
         const auto slot = found - groups.begin();
         if (auto line = nameLine(names, slot)) levels.lines.push_back(std::move(*line));
-        levels.levelLength = found->size();
+        levels.levelLength = (*found).size();
     }
     return levels;
 }

@@ -45,20 +45,20 @@ int scanCommaSeparated(std::string_view line, std::int32_t* values, int wanted)
 
 // Splits `count` fields of `width` bytes from `data` starting at `offset`; fields past the end of the
 // data are empty, as a zero-filled buffer would leave them.
-std::vector<std::string> cutFields(std::string_view data, std::size_t& offset, std::size_t count,
-                                   std::size_t width, bool anyTilde)
+TextList cutFields(std::string_view data, std::size_t& offset, std::size_t count, std::size_t width,
+                   bool anyTilde)
 {
-    std::vector<std::string> fields;
-    fields.reserve(count);
+    TextList fields;
+    fields.reserve(count, count * width);
     for (std::size_t i = 0; i < count; ++i, offset += width) {
         if (offset >= data.size()) {
-            fields.emplace_back();
+            fields.push_back({});
             continue;
         }
         std::string_view field = data.substr(offset, width);
         // A NUL ends the field as it ends a C string.
         field = field.substr(0, field.find('\0'));
-        fields.emplace_back(anyTilde ? trim(field) : trimEnd(field));
+        fields.push_back(anyTilde ? trim(field) : trimEnd(field));
     }
     return fields;
 }

@@ -44,10 +44,10 @@ struct StartupTables {
     MessageTable messages;
     bool fullPriceDailyCost = false;  // "NapiKezTeljesArbol" contains "IGEN" in the user's RV.INI
     DatabaseCounts counts;
-    std::vector<std::string> productCodes;                     // KOD.DAT table 1, by record number
-    std::vector<std::string> atcGroupCodes;                    // table 2, by group (tree node) number
-    std::vector<std::string> contraindicationCodes;            // table 3
-    std::vector<std::string> sideEffectCodes;                  // table 4
+    TextList productCodes;                                     // KOD.DAT table 1, by record number
+    TextList atcGroupCodes;                                    // table 2, by group (tree node) number
+    TextList contraindicationCodes;                            // table 3
+    TextList sideEffectCodes;                                  // table 4
     std::vector<std::pair<std::int32_t, std::int32_t>> pairs;  // xd.dat
     std::vector<std::string> shortTexts;                       // x.dat
     TextList productNames;                                     // nevrend.dat, by record number

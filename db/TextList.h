@@ -40,6 +40,10 @@ public:
             return before;
         }
         friend bool operator==(const Iterator& a, const Iterator& b) { return a.m_index == b.m_index; }
+        friend difference_type operator-(const Iterator& a, const Iterator& b)
+        {
+            return static_cast<difference_type>(a.m_index) - static_cast<difference_type>(b.m_index);
+        }
 
     private:
         const TextList* m_list = nullptr;
@@ -60,7 +64,11 @@ public:
     }
     [[nodiscard]] const std::string& storage() const { return m_bytes; }
 
-    void reserve(std::size_t texts) { m_spans.reserve(texts); }
+    void reserve(std::size_t texts, std::size_t bytes = 0)
+    {
+        m_spans.reserve(texts);
+        m_bytes.reserve(bytes);
+    }
     void push_back(std::string_view text)
     {
         pushSpan(m_bytes.size(), text.size());
@@ -86,6 +94,13 @@ public:
     [[nodiscard]] Iterator begin() const { return Iterator(this, 0); }
     [[nodiscard]] Iterator end() const { return Iterator(this, m_spans.size()); }
     [[nodiscard]] std::vector<std::string> toVector() const { return {begin(), end()}; }
+    friend bool operator==(const TextList& list, const std::vector<std::string>& texts)
+    {
+        if (list.size() != texts.size()) return false;
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            if (list[i] != texts[i]) return false;
+        return true;
+    }
 
 private:
     // 32-bit spans: a list file of 4 GB is not a list file, and half the size keeps ten thousand spans
