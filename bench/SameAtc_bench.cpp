@@ -43,7 +43,7 @@ std::pair<std::string, std::int64_t> largestLetter()
             const auto key = rovanel::keyRecord(directory, static_cast<std::int64_t>(k));
             if (key && key->count > bestCount) {
                 bestCount = key->count;
-                best = {groups[k], static_cast<std::int64_t>(k)};
+                best = {std::string(groups[k]), static_cast<std::int64_t>(k)};
             }
         }
         return best;
@@ -98,8 +98,8 @@ void SameAtc_WindowFill(benchmark::State& state)
     auto* levels = form->findChild<QListWidget*>("AzonAtc");
     auto* sameAtc = form->findChild<QListWidget*>("AzonAtcNev");
     const auto& codes = sharedState().tables.productCodes;
-    const auto first =
-        std::find_if(codes.begin(), codes.end(), [&](const std::string& c) { return c.rfind(code, 0) == 0; });
+    const auto first = std::find_if(codes.begin(), codes.end(),
+                                    [&](std::string_view c) { return c.substr(0, code.size()) == code; });
     const int index = static_cast<int>(first - codes.begin());
     names->setCurrentIndex(index);
     emit names->activated(index);
