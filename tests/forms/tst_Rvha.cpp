@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QTextEdit>
 
+#include "db/Cp1250.h"
 #include "tests/forms/support/EngineWindows.h"
 #include "tests/forms/support/MessageRecorder.h"
 #include "views/forms/Rvha.h"
@@ -75,11 +76,6 @@ void TestRvha::clickingADrugWritesItsDescriptionAndRightClickShowsTheNotice()
 {
     EngineWindowState fixture(database());
     THaForm form(fixture.state);
-    std::vector<int> written;
-    form.setDescriptionWriter([&](QTextEdit* box, std::int32_t record) {
-        written.push_back(record);
-        box->setPlainText(QStringLiteral("leírás"));
-    });
     form.show();
     MessageRecorder messages;
     child<QComboBox>(form, "HaList")->setCurrentIndex(0);
@@ -87,9 +83,11 @@ void TestRvha::clickingADrugWritesItsDescriptionAndRightClickShowsTheNotice()
     auto* found = child<QListWidget>(form, "HaGyList");
     const QRect rect = found->visualItemRect(found->item(3));
     QTest::mouseClick(found->viewport(), Qt::LeftButton, {}, rect.center());
-    QCOMPARE(written, std::vector<int>{3});
     auto* leiro = child<QTextEdit>(form, "GyLeiro");
-    QCOMPARE(leiro->toPlainText(), QStringLiteral("leírás"));
+    const QString name = QString::fromUtf8(
+        rovanel::cp1250ToUtf8(fixture.state.tables.productName(fixture.state.found.recordAt(3))));
+    QVERIFY(!name.isEmpty());
+    QVERIFY2(leiro->toPlainText().contains(name), qPrintable(leiro->toPlainText()));
     QTest::mouseClick(leiro->viewport(), Qt::LeftButton);
     QVERIFY(messages.texts().isEmpty());
     QTest::mouseClick(leiro->viewport(), Qt::RightButton);

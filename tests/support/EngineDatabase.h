@@ -169,10 +169,11 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
     directory.write("ellnrend.dat", contraNames);
 
     std::vector<std::vector<int>> effectLists, ingredientLists;
-    std::string effectTree, ingredientNames;
+    std::string effectTree, effectNames, ingredientNames;
     for (const auto& [name, members] : sideEffects) {
         effectLists.push_back(members);
         effectTree += utf8ToCp1250(name) + "\r\n";
+        effectNames += padded(utf8ToCp1250(name), 126) + "\r\n";
     }
     for (const auto& [name, members] : ingredients) {
         ingredientLists.push_back(members);
@@ -182,6 +183,7 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
     directory.write("mhind.dat", effectList);
     directory.write("mhindin.dat", effectDirectory);
     directory.write("mhnren2.dat", effectTree);
+    directory.write("mhnrend.dat", effectNames);
     auto [ingredientList, ingredientDirectory] = indexPair(ingredientLists, false, false);
     directory.write("haind.dat", ingredientList);
     directory.write("haindinf.dat", ingredientDirectory);

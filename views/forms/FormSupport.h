@@ -22,7 +22,6 @@ namespace rovanel::forms
 // Shows product `record`'s description under `caption` in the shared description window.
 using DescriptionViewer = std::function<void(std::int32_t record, const QString& caption)>;
 // Writes product `record`'s description into a window's own rich-text box.
-using DescriptionWriter = std::function<void(QTextEdit* box, std::int32_t record)>;
 
 [[nodiscard]] QString fromCp1250(const std::string& text);
 

@@ -14,9 +14,12 @@
 #include "app/forms/ShowMessage.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
+#include "db/DescriptionBuilder.h"
+#include "db/StyledDocument.h"
 #include "db/Searches.h"
 #include "db/SharedState.h"
 #include "db/Text.h"
+#include "views/forms/RichText.h"
 
 using rovanel::forms::fromCp1250;
 
@@ -104,6 +107,8 @@ void THaForm::HaGyListClick()
 {
     m_leiro->clear();
     const int row = m_found->currentRow();
-    if (row < 0 || !m_writer) return;
-    m_writer(m_leiro, m_state.found.recordAt(row));
+    if (row < 0) return;
+    rovanel::StyledDocument document;
+    (void)rovanel::buildDescription(m_state.tables, m_state.found.recordAt(row), document);  // partial stays
+    renderInto(m_leiro, document);
 }

@@ -21,7 +21,6 @@ class THaForm : public QWidget
 public:
     explicit THaForm(rovanel::SharedState& state, QWidget* parent = nullptr);
     // Writes a description into GyLeiro (the description builder).
-    void setDescriptionWriter(rovanel::forms::DescriptionWriter writer) { m_writer = std::move(writer); }
 
 public slots:
     void HaKeresClick();
@@ -35,7 +34,6 @@ private:
     void FormCreate();
 
     rovanel::SharedState& m_state;
-    rovanel::forms::DescriptionWriter m_writer;
     QComboBox* m_haList = nullptr;
     QListWidget* m_found = nullptr;
     QTextEdit* m_leiro = nullptr;
