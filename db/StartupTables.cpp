@@ -46,7 +46,7 @@ int scanCommaSeparated(std::string_view line, std::int32_t* values, int wanted)
 // Splits `count` fields of `width` bytes from `data` starting at `offset`; fields past the end of the
 // data are empty, as a zero-filled buffer would leave them.
 TextList cutFields(std::string_view data, std::size_t& offset, std::size_t count, std::size_t width,
-                   bool anyTilde)
+                   bool anyTilde, bool anyNul)
 {
     TextList fields;
     fields.reserve(count, count * width);
@@ -56,8 +56,8 @@ TextList cutFields(std::string_view data, std::size_t& offset, std::size_t count
             continue;
         }
         std::string_view field = data.substr(offset, width);
-        // A NUL ends the field as it ends a C string.
-        field = field.substr(0, field.find('\0'));
+        // A NUL ends the field as it ends a C string (looked for only in a file that holds one).
+        if (anyNul) field = field.substr(0, field.find('\0'));
         fields.push_back(anyTilde ? trim(field) : trimEnd(field));
     }
     return fields;
@@ -140,10 +140,14 @@ StartupTables loadStartupTables(const std::filesystem::path& dataDirectory,
     const std::string codes = readWholeFile(dataFilePath(dataDirectory, "KOD.DAT")).value_or("");
     std::size_t offset = 0;
     const bool anyTilde = codes.find('~') != std::string::npos;
-    tables.productCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[1]), 10, anyTilde);
-    tables.atcGroupCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[2]), 10, anyTilde);
-    tables.contraindicationCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[4]), 6, anyTilde);
-    tables.sideEffectCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[3]), 6, anyTilde);
+    const bool anyNul = codes.find('\0') != std::string::npos;
+    tables.productCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[1]), 10, anyTilde, anyNul);
+    tables.atcGroupCodes =
+        cutFields(codes, offset, static_cast<std::size_t>(counts[2]), 10, anyTilde, anyNul);
+    tables.contraindicationCodes =
+        cutFields(codes, offset, static_cast<std::size_t>(counts[4]), 6, anyTilde, anyNul);
+    tables.sideEffectCodes =
+        cutFields(codes, offset, static_cast<std::size_t>(counts[3]), 6, anyTilde, anyNul);
     tables.reached = LoadStep::CodeTables;
 
     const auto pairs = readWholeFile(dataFilePath(dataDirectory, "xd.dat"));

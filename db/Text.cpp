@@ -1,34 +1,13 @@
 #include "db/Text.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cstring>
 #include <limits>
 
 namespace rovanel
 {
-
-std::string_view trimEnd(std::string_view text)
-{
-    constexpr std::uint64_t kEightBlanks = 0x2020202020202020ULL;
-    std::size_t length = text.size();
-    // The first character is never removed: a lone "\r" line stays "\r".
-    while (length > 1) {
-        // Fixed-width files pad with blanks: skip them eight at a time.
-        if (length > 9) {
-            std::uint64_t word = 0;
-            std::memcpy(&word, text.data() + length - 8, sizeof word);
-            if (word == kEightBlanks) {
-                length -= 8;
-                continue;
-            }
-        }
-        const char c = text[length - 1];
-        if (c != ' ' && c != '\t' && c != '\r' && c != '\n') break;
-        --length;
-    }
-    return text.substr(0, length);
-}
 
 std::string_view trim(std::string_view text)
 {

@@ -1,8 +1,10 @@
 // Text helpers shared by every reader of the data directory. All text is Windows-1250 bytes.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,7 +18,36 @@ namespace rovanel
 
 // The same without the cut at '~', for a text known to hold none (a loader that found no '~' in the
 // whole file trims each of its lines this way and saves a search per line).
-[[nodiscard]] std::string_view trimEnd(std::string_view text);
+// Inline: the start-up loader calls it for every name and code.
+[[nodiscard]] inline std::string_view trimEnd(std::string_view text)
+{
+    constexpr std::uint64_t kEightBlanks = 0x2020202020202020ULL;
+    std::size_t length = text.size();
+    // The first character is never removed: a lone "\r" line stays "\r".
+    while (length > 1) {
+        // Fixed-width files pad with blanks: take the blanks at the end of the last eight bytes at once.
+        if (length > 9) {
+            std::uint64_t word = 0;
+            std::memcpy(&word, text.data() + length - 8, sizeof word);
+            const std::uint64_t differences = word ^ kEightBlanks;  // zero bytes where there is a blank
+            const std::size_t blanks =
+                differences == 0 ? 8 : static_cast<std::size_t>(std::countl_zero(differences)) / 8;
+            if constexpr (std::endian::native == std::endian::little) {
+                if (blanks > 0) {
+                    length -= blanks;
+                    continue;
+                }
+            } else if (differences == 0) {
+                length -= 8;
+                continue;
+            }
+        }
+        const char c = text[length - 1];
+        if (c != ' ' && c != '\t' && c != '\r' && c != '\n') break;
+        --length;
+    }
+    return text.substr(0, length);
+}
 
 // Removes leading blanks (only blanks, as the original strip does).
 [[nodiscard]] std::string_view stripLeadingBlanks(std::string_view text);

@@ -21,6 +21,10 @@ TEST(Trim, CutsAtTildeAndRemovesTrailingBlanksButNeverTheFirstCharacter)
         {"empty", "", ""},
         {"leading blank kept", " NULL", " NULL"},
         {"tilde first", "~abc", ""},
+        {"fixed-width padding", "AB CD             \r", "AB CD"},
+        {"blank inside the last eight bytes", "ABCDEFGH  X", "ABCDEFGH  X"},
+        {"long run of blanks after one letter", "A                        ", "A"},
+        {"tab between blanks", "AB     \t    ", "AB"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
