@@ -48,18 +48,25 @@ int scanCommaSeparated(std::string_view line, std::int32_t* values, int wanted)
 TextList cutFields(std::string_view data, std::size_t& offset, std::size_t count, std::size_t width,
                    bool anyTilde, bool anyNul)
 {
+    // The block's bytes are copied once and the fields refer into them.
+    const std::size_t blockStart = std::min(offset, data.size());
+    const std::size_t blockEnd = std::min(offset + count * width, data.size());
     TextList fields;
-    fields.reserve(count, count * width);
-    for (std::size_t i = 0; i < count; ++i, offset += width) {
-        if (offset >= data.size()) {
-            fields.push_back({});
+    fields.adopt(std::string(data.substr(blockStart, blockEnd - blockStart)));
+    fields.reserve(count);
+    const std::string_view block = fields.storage();
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t at = offset + i * width;
+        if (at >= blockEnd) {
+            fields.pushSpan(0, 0);
             continue;
         }
-        std::string_view field = data.substr(offset, width);
+        std::string_view field = block.substr(at - blockStart, width);
         // A NUL ends the field as it ends a C string (looked for only in a file that holds one).
         if (anyNul) field = field.substr(0, field.find('\0'));
-        fields.push_back(anyTilde ? trim(field) : trimEnd(field));
+        fields.pushSpan(at - blockStart, (anyTilde ? trim(field) : trimEnd(field)).size());
     }
+    offset += count * width;
     return fields;
 }
 
