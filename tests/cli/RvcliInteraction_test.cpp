@@ -1,11 +1,10 @@
 // rvcli's interaction, side-effect and ingredient subcommands on a small database written by the test.
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <string>
 
 #include "tests/support/EngineDatabase.h"
+#include "tests/support/RunRvcli.h"
 
 namespace
 {
@@ -13,24 +12,9 @@ namespace
 using rovanel::testing::EngineDatabase;
 using rovanel::testing::ScratchDirectory;
 
-struct CliRun {
-    int exitCode = -1;
-    std::string out;
-};
+using rovanel::testing::CliRun;
 
-CliRun rvcli(const std::string& arguments)
-{
-    const std::string command = std::string(ROVANEL_RVCLI) + " " + arguments + " 2>&1";
-    CliRun run;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    if (!pipe) return run;
-    std::array<char, 4096> buffer{};
-    std::size_t got = 0;
-    while ((got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0) run.out.append(buffer.data(), got);
-    const int status = ::pclose(pipe);
-    run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return run;
-}
+CliRun rvcli(const std::string& arguments) { return rovanel::testing::rvcli(arguments, true); }
 
 struct CliDatabase {
     ScratchDirectory directory;

@@ -1,33 +1,17 @@
 // rvcli run as a program on the demo database: the subcommands agree with each other.
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "tests/support/RunRvcli.h"
+
 namespace
 {
 
-struct CliRun {
-    int exitCode = -1;
-    std::string out;
-};
-
-CliRun rvcli(const std::string& arguments)
-{
-    const std::string command = std::string(ROVANEL_RVCLI) + " " + arguments + " 2>/dev/null";
-    CliRun run;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    if (!pipe) return run;
-    std::array<char, 4096> buffer{};
-    std::size_t got = 0;
-    while ((got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0) run.out.append(buffer.data(), got);
-    const int status = ::pclose(pipe);
-    run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return run;
-}
+using rovanel::testing::CliRun;
+using rovanel::testing::rvcli;
 
 std::vector<std::string> lines(const std::string& text)
 {
