@@ -139,8 +139,13 @@ StartupTables loadStartupTables(const std::filesystem::path& dataDirectory,
         tables.counts = {};
         return tables;
     }
+    // Rejected counts are not kept: readers that bound record numbers by N would otherwise accept records
+    // of tables that were never loaded.
     for (int position : {1, 2, 3, 4, 8, 9, 11, 12})
-        if (tables.counts[position] < 0 || tables.counts[position] > kMaximumCount) return tables;
+        if (tables.counts[position] < 0 || tables.counts[position] > kMaximumCount) {
+            tables.counts = {};
+            return tables;
+        }
     tables.reached = LoadStep::Counts;
 
     const auto& counts = tables.counts;

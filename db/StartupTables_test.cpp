@@ -83,6 +83,7 @@ TEST(StartupLoader, StopsAtTheFailingStepAndKeepsWhatItRead)
         {"blank before a comma", "inf.dat", "5 ,3,2,2,0,0,0,2,2,0,1,1,1\r\n", LoadStep::Started},
         {"not a number", "inf.dat", "five,3,2,2,0,0,0,2,2,0,1,1,1\r\n", LoadStep::Started},
         {"negative count", "inf.dat", "-5,3,2,2,0,0,0,2,2,0,1,1,1\r\n", LoadStep::Started},
+        {"negative short-text count", "inf.dat", "5,3,2,2,0,0,0,2,-12,0,1,1,1\r\n", LoadStep::Started},
         {"absurd count", "inf.dat", "2000000000,3,2,2,0,0,0,2,2,0,1,1,1\r\n", LoadStep::Started},
         // Counts of fifty million in a 100-byte inf.dat once made the loader allocate 8 GB of empty tables.
         {"a million and one pairs", "inf.dat", "5,3,2,2,0,0,0,1000001,2,0,1,1,1\r\n", LoadStep::Started},
@@ -108,6 +109,9 @@ TEST(StartupLoader, StopsAtTheFailingStepAndKeepsWhatItRead)
         }
         if (c.reached < LoadStep::CodeTables) {
             EXPECT_TRUE(tables.productCodes.empty());
+            // A same-ATC listing once took N from counts the loader had rejected and listed records of
+            // a database that was never loaded.
+            EXPECT_EQ(tables.counts.products(), 0) << "counts of a stopped loader are not kept";
         }
     }
 }
