@@ -84,6 +84,9 @@ TEST(StartupLoader, StopsAtTheFailingStepAndKeepsWhatItRead)
         {"not a number", "inf.dat", "five,3,2,2,0,0,0,2,2,0,1,1,1\r\n", LoadStep::Started},
         {"negative count", "inf.dat", "-5,3,2,2,0,0,0,2,2,0,1,1,1\r\n", LoadStep::Started},
         {"negative short-text count", "inf.dat", "5,3,2,2,0,0,0,2,-12,0,1,1,1\r\n", LoadStep::Started},
+        // N - K1 - K2 of kept counts like these once overflowed 32 bits.
+        {"nutrition count at the 32-bit limit", "inf.dat", "-43,3,2,2,0,0,0,2,2,0,2147483647,1,1\r\n",
+         LoadStep::Started},
         {"absurd count", "inf.dat", "2000000000,3,2,2,0,0,0,2,2,0,1,1,1\r\n", LoadStep::Started},
         // Counts of fifty million in a 100-byte inf.dat once made the loader allocate 8 GB of empty tables.
         {"a million and one pairs", "inf.dat", "5,3,2,2,0,0,0,1000001,2,0,1,1,1\r\n", LoadStep::Started},
