@@ -30,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ROVANEL_FUZZ_CHECK(document.plainText().size() < 1'000'000);
 
     const std::string code = record >= 0 && static_cast<std::size_t>(record) < tables.productCodes.size()
-                                 ? tables.productCodes[static_cast<std::size_t>(record)]
+                                 ? std::string(tables.productCodes[static_cast<std::size_t>(record)])
                                  : std::string("C08CA01");
     const AtcLevels levels = atcLevels(tables, code);
     ROVANEL_FUZZ_CHECK(levels.lines.size() <= 5);

@@ -52,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ROVANEL_FUZZ_CHECK(tables.productName(-1).empty());
     ROVANEL_FUZZ_CHECK(tables.productName(static_cast<std::int64_t>(tables.productNames.size())).empty());
     if (!tables.productCodes.empty()) {
-        const std::int32_t found = tables.recordOfCode(tables.productCodes.back());
+        const std::int32_t found = tables.recordOfCode(tables.productCodes[tables.productCodes.size() - 1]);
         ROVANEL_FUZZ_CHECK(found >= 0 && static_cast<std::size_t>(found) < tables.productCodes.size());
     }
 
