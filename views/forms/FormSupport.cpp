@@ -2,9 +2,12 @@
 
 #include <QComboBox>
 #include <QListWidget>
+#include <QStringList>
 #include <QTreeWidget>
 
 #include "db/Cp1250.h"
+#include "db/ProductIndex.h"
+#include "db/StartupTables.h"
 #include "db/TreeFile.h"
 
 namespace rovanel::forms
@@ -66,6 +69,15 @@ void setLines(QListWidget* list, const std::vector<std::string>& lines)
 {
     list->clear();
     for (const std::string& line : lines) list->addItem(fromCp1250(line));
+}
+
+void fillMedicineNames(QComboBox* combo, const rovanel::StartupTables& tables)
+{
+    QStringList names;
+    for (const std::string& name : rovanel::nameListFill(tables, rovanel::NameGroup::Medicines))
+        names << fromCp1250(name);
+    combo->clear();
+    combo->addItems(names);
 }
 
 }  // namespace rovanel::forms

@@ -14,14 +14,17 @@ class QComboBox;
 class QTreeWidget;
 class QTreeWidgetItem;
 class QListWidget;
-class QTextEdit;
+
+namespace rovanel
+{
+struct StartupTables;
+}
 
 namespace rovanel::forms
 {
 
 // Shows product `record`'s description under `caption` in the shared description window.
 using DescriptionViewer = std::function<void(std::int32_t record, const QString& caption)>;
-// Writes product `record`'s description into a window's own rich-text box.
 
 [[nodiscard]] QString fromCp1250(const std::string& text);
 
@@ -42,5 +45,8 @@ bool loadTree(QTreeWidget* tree, const std::filesystem::path& path);
 
 // Replaces the lines of a list with Windows-1250 texts.
 void setLines(QListWidget* list, const std::vector<std::string>& lines);
+
+// Replaces the items of a drug combo with the medicines' names in record order (item index = record).
+void fillMedicineNames(QComboBox* combo, const rovanel::StartupTables& tables);
 
 }  // namespace rovanel::forms

@@ -175,9 +175,7 @@ void TKh::FormShow()
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto& tables = m_state.tables;
-    m_gylist->clear();
-    for (const std::string& name : rovanel::nameListFill(tables, rovanel::NameGroup::Medicines))
-        m_gylist->addItem(fromCp1250(name));
+    rovanel::forms::fillMedicineNames(m_gylist, tables);
     rovanel::forms::loadTree(m_ellTree, rovanel::dataFilePath(tables.dataDirectory, "ellnren2.dat"));
     rovanel::forms::loadTree(m_atcTree, rovanel::dataFilePath(tables.dataDirectory, "atcnren2.dat"));
     m_state.selection.resetForInteractionWindow();

@@ -103,9 +103,7 @@ void TMh::FormShow()
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto& tables = m_state.tables;
-    m_gyList->clear();
-    for (const std::string& name : rovanel::nameListFill(tables, rovanel::NameGroup::Medicines))
-        m_gyList->addItem(fromCp1250(name));
+    rovanel::forms::fillMedicineNames(m_gyList, tables);
     rovanel::forms::loadTree(m_tree, rovanel::dataFilePath(tables.dataDirectory, "mhnren2.dat"));
     m_state.selection.resetSlotsForSideEffectWindow();
     QApplication::restoreOverrideCursor();
