@@ -34,7 +34,9 @@ struct EngineProduct {
     std::vector<std::string> careful;
     std::vector<std::string> avoid;
     std::vector<std::string> contraindications;
-    std::string supportLine = "30;0;0;0;1--;-;2;1;0^1@210751477#-$-*-[3]0{0}0(0)-\xB3" "0@C08CA01";
+    std::string supportLine =
+        "30;0;0;0;1--;-;2;1;0^1@210751477#-$-*-[3]0{0}0(0)-\xB3"
+        "0@C08CA01";
 };
 
 struct EngineDatabase {

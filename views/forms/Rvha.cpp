@@ -15,9 +15,9 @@
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 #include "db/DescriptionBuilder.h"
-#include "db/StyledDocument.h"
 #include "db/Searches.h"
 #include "db/SharedState.h"
+#include "db/StyledDocument.h"
 #include "db/Text.h"
 #include "views/forms/RichText.h"
 
