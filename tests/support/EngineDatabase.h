@@ -11,6 +11,7 @@
 
 #include "db/Cp1250.h"
 #include "db/MessageCatalog.h"
+#include "tests/support/RecordLayouts.h"
 #include "tests/support/ScratchDirectory.h"
 
 namespace rovanel::testing
@@ -50,20 +51,6 @@ struct EngineDatabase {
     void write(const ScratchDirectory& directory) const;
 };
 
-inline std::string padded(const std::string& text, std::size_t width)
-{
-    std::string result = text;
-    result.resize(width, ' ');
-    return result;
-}
-
-inline std::string indexDirectoryRecord(long offset, long count)
-{
-    char buffer[40];
-    std::snprintf(buffer, sizeof buffer, "%ld,%ld", offset, count);
-    return padded(buffer, 14) + "\r\n";
-}
-
 // Writes a list file and its directory: one run of numbers per key.
 inline std::pair<std::string, std::string> indexPair(const std::vector<std::vector<int>>& lists, bool comma,
                                                      bool sentinel)
@@ -71,11 +58,11 @@ inline std::pair<std::string, std::string> indexPair(const std::vector<std::vect
     std::string list;
     std::string directory;
     for (const auto& records : lists) {
-        directory += indexDirectoryRecord(records.empty() ? 0 : static_cast<long>(list.size()),
-                                          static_cast<long>(records.size()));
+        directory += directoryRecord(records.empty() ? 0 : static_cast<long>(list.size()),
+                                     static_cast<long>(records.size()));
         for (int record : records) list += std::to_string(record) + (comma ? ",\r\n" : "\r\n");
     }
-    if (sentinel) directory += indexDirectoryRecord(0, 0);
+    if (sentinel) directory += directoryRecord(0, 0);
     return {list, directory};
 }
 
@@ -106,11 +93,9 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
                                    ",0,0,0,0,0,0,0,1\r\n");
     std::string kod, nevrend, gyful, nevpos;
     for (const EngineProduct& product : products) {
-        kod += padded(product.code, 10);
-        nevrend += padded(utf8ToCp1250(product.name), 48) + "\r\n";
-        char position[16];
-        std::snprintf(position, sizeof position, "%8ld\r\n", static_cast<long>(gyful.size()));
-        nevpos += position;
+        kod += field(product.code, 10);
+        nevrend += nameLine(product.name);
+        nevpos += positionRecord(static_cast<long>(gyful.size()));
         std::string block = product.code + "\r\n";
         for (const auto& code : product.own) block += code + "\r\n";
         block += "#ar\r\n1000\r\n800\r\n#ha\r\n" + product.supportLine +
@@ -123,9 +108,9 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
         block += "#mer\r\n#fig\r\n#nev\r\n#vege\r\n";
         gyful += block;
     }
-    for (const auto& group : atcGroups) kod += padded(group.first, 10);
-    for (const auto& contra : contraindications) kod += padded(contra.first, 6);
-    for (std::size_t i = 0; i < sideEffects.size(); ++i) kod += padded("M" + std::to_string(i), 6);
+    for (const auto& group : atcGroups) kod += field(group.first, 10);
+    for (const auto& contra : contraindications) kod += field(contra.first, 6);
+    for (std::size_t i = 0; i < sideEffects.size(); ++i) kod += field("M" + std::to_string(i), 6);
     directory.write("KOD.DAT", kod);
     directory.write("xd.dat", "");
     directory.write("x.dat", "");
@@ -142,7 +127,7 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
         atcLists.push_back(members);
         atcTree += std::string(static_cast<std::size_t>(treeDepthOfAtc(code)), '\t') + utf8ToCp1250(name) +
                    " (" + code + ")\r\n";
-        atcNames += padded(utf8ToCp1250(name), 126) + "\r\n";
+        atcNames += nameFileLine(name);
     }
     auto [atcList, atcDirectory] = indexPair(atcLists, false, true);
     directory.write("atcind.dat", atcList);
@@ -162,7 +147,7 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
                 }
         contraLists.push_back(members);
         contraTree += std::string(code.size() > 3 ? "\t" : "") + utf8ToCp1250(name) + "\r\n";
-        contraNames += padded(utf8ToCp1250(name), 126) + "\r\n";
+        contraNames += nameFileLine(name);
     }
     auto [contraList, contraDirectory] = indexPair(contraLists, false, false);
     directory.write("ellind.dat", contraList);
@@ -175,7 +160,7 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
     for (const auto& [name, members] : sideEffects) {
         effectLists.push_back(members);
         effectTree += utf8ToCp1250(name) + "\r\n";
-        effectNames += padded(utf8ToCp1250(name), 126) + "\r\n";
+        effectNames += nameFileLine(name);
     }
     for (const auto& [name, members] : ingredients) {
         ingredientLists.push_back(members);

@@ -5,41 +5,11 @@
 #include <string>
 
 #include "db/Cp1250.h"
+#include "tests/support/RecordLayouts.h"
 #include "tests/support/ScratchDirectory.h"
 
 namespace rovanel::testing
 {
-
-// `name` is UTF-8 here and Windows-1250 in the file.
-inline std::string nameLine(const std::string& name)
-{
-    std::string line = utf8ToCp1250(name);
-    line.resize(48, ' ');
-    return line + "\r\n";
-}
-
-inline std::string positionRecord(long offset)
-{
-    char buffer[16];
-    std::snprintf(buffer, sizeof buffer, "%8ld\r\n", offset);
-    return buffer;
-}
-
-inline std::string directoryRecord(long offset, int count)
-{
-    char buffer[32];
-    std::snprintf(buffer, sizeof buffer, "%ld,%d", offset, count);
-    std::string record = buffer;
-    record.resize(14, ' ');
-    return record + "\r\n";
-}
-
-inline std::string field(const std::string& text, std::size_t width)
-{
-    std::string padded = text;
-    padded.resize(width, ' ');
-    return padded;
-}
 
 // Writes the tiny database into `directory`.
 inline void writeTinyDatabase(const ScratchDirectory& directory)
