@@ -3,7 +3,7 @@
 #include <string>
 
 #include "cli/Common.h"
-#include "db/DatabaseGenerator.h"
+#include "gen/DatabaseGenerator.h"
 
 namespace rovanel::cli
 {

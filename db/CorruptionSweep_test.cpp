@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "db/DataFile.h"
-#include "db/DatabaseGenerator.h"
+#include "gen/DatabaseGenerator.h"
 #include "db/DescriptionBuilder.h"
 #include "db/DrugSelection.h"
 #include "db/FoundDrugs.h"

@@ -10,7 +10,7 @@
 
 #include "app/RegistrySettings.h"
 #include "db/DataFile.h"
-#include "db/DatabaseGenerator.h"
+#include "gen/DatabaseGenerator.h"
 #include "fuzz/FuzzLayouts.h"
 #include "tests/support/TinyDatabase.h"
 

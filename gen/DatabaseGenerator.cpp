@@ -1,4 +1,4 @@
-#include "db/DatabaseGenerator.h"
+#include "gen/DatabaseGenerator.h"
 
 #include <algorithm>
 #include <array>
@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "db/AtcBook.h"
+#include "gen/AtcBook.h"
 #include "db/Cp1250.h"
 #include "db/HungarianCollation.h"
 #include "db/MessageCatalog.h"

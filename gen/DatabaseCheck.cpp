@@ -1,4 +1,4 @@
-#include "db/DatabaseCheck.h"
+#include "gen/DatabaseCheck.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 // data/vendor/README.md). Do not edit by hand: change the script or the table and rerun it.
 // One entry a line, as generated:
 // clang-format off
-#include "db/AtcBook.h"
+#include "gen/AtcBook.h"
 
 namespace rovanel {
 

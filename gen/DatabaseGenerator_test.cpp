@@ -1,4 +1,4 @@
-#include "db/DatabaseGenerator.h"
+#include "gen/DatabaseGenerator.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <fstream>
 
 #include "db/DataFile.h"
-#include "db/DatabaseCheck.h"
+#include "gen/DatabaseCheck.h"
 #include "db/HungarianCollation.h"
 #include "db/ProductIndex.h"
 #include "db/Text.h"
