@@ -15,7 +15,6 @@
 #include <vector>
 
 #include "db/DataFile.h"
-#include "gen/DatabaseGenerator.h"
 #include "db/DescriptionBuilder.h"
 #include "db/DrugSelection.h"
 #include "db/FoundDrugs.h"
@@ -26,6 +25,7 @@
 #include "db/StartupTables.h"
 #include "db/StyledDocument.h"
 #include "db/TreeFile.h"
+#include "gen/DatabaseGenerator.h"
 #include "tests/support/TinyDatabase.h"
 
 namespace rovanel

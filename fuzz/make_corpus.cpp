@@ -10,8 +10,8 @@
 
 #include "app/RegistrySettings.h"
 #include "db/DataFile.h"
-#include "gen/DatabaseGenerator.h"
 #include "fuzz/FuzzLayouts.h"
+#include "gen/DatabaseGenerator.h"
 #include "tests/support/TinyDatabase.h"
 
 using namespace rovanel;

@@ -12,10 +12,10 @@
 #include <utility>
 #include <vector>
 
-#include "gen/AtcBook.h"
 #include "db/Cp1250.h"
 #include "db/HungarianCollation.h"
 #include "db/MessageCatalog.h"
+#include "gen/AtcBook.h"
 
 namespace rovanel
 {

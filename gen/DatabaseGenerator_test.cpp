@@ -6,10 +6,10 @@
 #include <fstream>
 
 #include "db/DataFile.h"
-#include "gen/DatabaseCheck.h"
 #include "db/HungarianCollation.h"
 #include "db/ProductIndex.h"
 #include "db/Text.h"
+#include "gen/DatabaseCheck.h"
 #include "tests/support/ScratchDirectory.h"
 
 namespace rovanel
