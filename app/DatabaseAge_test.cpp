@@ -1,13 +1,13 @@
 #include "app/DatabaseAge.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <ctime>
 #include <fstream>
 
 #include "db/Cp1250.h"
+#include "tests/support/ScratchDirectory.h"
 
 namespace rovanel
 {
@@ -17,20 +17,7 @@ namespace
 class DatabaseAge : public ::testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        m_directory = std::filesystem::temp_directory_path() /
-                      ("rovanel-age-" + std::to_string(::getpid()) + "-" +
-                       ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::remove_all(m_directory);
-        std::filesystem::create_directories(m_directory);
-    }
-    void TearDown() override { std::filesystem::remove_all(m_directory); }
-
-    void write(const std::string& name, const std::string& content)
-    {
-        std::ofstream(m_directory / name, std::ios::binary) << content;
-    }
+    void write(const std::string& name, const std::string& content) { m_scratch.write(name, content); }
 
     // gy.ful last changed in the middle of the given month (local time).
     void writeDatabaseDated(YearMonth date, const std::string& name = "gy.ful")
@@ -46,7 +33,8 @@ protected:
         std::filesystem::last_write_time(m_directory / name, std::chrono::file_clock::from_sys(system));
     }
 
-    std::filesystem::path m_directory;
+    testing::ScratchDirectory m_scratch;
+    const std::filesystem::path& m_directory = m_scratch.path();
 };
 
 TEST(MonthsBetween, CountsCalendarMonthsAcrossYears)

@@ -1,12 +1,12 @@
 #include "app/RegistrySettings.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <fstream>
 
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
+#include "tests/support/ScratchDirectory.h"
 
 namespace rovanel
 {
@@ -16,22 +16,11 @@ namespace
 class RegistryFile : public ::testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        m_directory = std::filesystem::temp_directory_path() /
-                      ("rovanel-registry-" + std::to_string(::getpid()) + "-" +
-                       ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::remove_all(m_directory);
-        std::filesystem::create_directories(m_directory);
-        m_store = openRegistryFile(file());
-    }
-    void TearDown() override { std::filesystem::remove_all(m_directory); }
-
-    [[nodiscard]] std::filesystem::path file() const { return m_directory / "registry.ini"; }
+    [[nodiscard]] std::filesystem::path file() const { return m_scratch.path() / "registry.ini"; }
     [[nodiscard]] std::string content() const { return readWholeFile(file()).value_or(""); }
 
-    std::filesystem::path m_directory;
-    std::unique_ptr<RegistryStore> m_store;
+    testing::ScratchDirectory m_scratch;
+    std::unique_ptr<RegistryStore> m_store = openRegistryFile(file());
 };
 
 const std::string kNotFound = utf8ToCp1250(kRegistryNotFoundText);

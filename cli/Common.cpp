@@ -48,6 +48,12 @@ std::optional<long long> numberArgument(std::string_view text)
     return *value;
 }
 
+std::optional<ProductRecord> recordArgument(std::string_view text)
+{
+    const auto number = numberArgument(text);
+    return number ? productRecordOf(*number) : std::nullopt;
+}
+
 std::string toUtf8(std::string_view cp1250) { return cp1250ToUtf8(cp1250); }
 
 }  // namespace rovanel::cli

@@ -26,6 +26,9 @@ namespace rovanel::cli
 // A whole decimal number argument, or nothing.
 [[nodiscard]] std::optional<long long> numberArgument(std::string_view text);
 
+// A product record number argument (-1 included); nothing for a number outside the record type.
+[[nodiscard]] std::optional<ProductRecord> recordArgument(std::string_view text);
+
 [[nodiscard]] std::string toUtf8(std::string_view cp1250);
 
 }  // namespace rovanel::cli

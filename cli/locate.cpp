@@ -11,8 +11,7 @@ int runLocate(const Invocation& call)
 {
     const auto& args = call.args;
     if (args.size() != 2) return call.usageError();
-    const auto number = numberArgument(args[1]);
-    const auto record = number ? productRecordOf(*number) : std::nullopt;
+    const auto record = recordArgument(args[1]);
     if (!record) return call.usageError();
     return withDatabase(args[0], [&](const StartupTables& tables) {
         const auto location = locateProduct(tables, *record);

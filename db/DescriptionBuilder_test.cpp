@@ -146,13 +146,18 @@ TEST(DescriptionBuilder, UnknownCodesAreShownAsCodesAndMissingRendDatOnlyLosesTh
     EXPECT_NE(text.find("Emelt támogatással rendelheti[_EU12/a]:\nTámogatás:"), std::string::npos);
 }
 
-TEST(DescriptionBuilder, EveryJumpTextFirstOccursAtTheStartOfItsBoldHeading)
+// Product `record`'s description on the six-product database (empty when not built).
+StyledDocument sixProductDescription(ProductRecord record)
 {
     testing::SixProductDatabase database;
-    const StartupTables tables = load(database.write());
-    const Description description = buildDescription(tables, 0);
-    ASSERT_TRUE(description.built);
-    const StyledDocument& document = description.document;
+    Description description = buildDescription(load(database.write()), record);
+    EXPECT_TRUE(description.built);
+    return std::move(description.document);
+}
+
+TEST(DescriptionBuilder, EveryJumpTextFirstOccursAtTheStartOfItsBoldHeading)
+{
+    const StyledDocument document = sixProductDescription(0);
     for (std::string_view jump : kJumpSearchTexts) {
         SCOPED_TRACE(cp1250ToUtf8(jump));
         bool found = false;
@@ -171,11 +176,7 @@ TEST(DescriptionBuilder, EveryJumpTextFirstOccursAtTheStartOfItsBoldHeading)
 
 TEST(DescriptionBuilder, TitleIsEntryOneThenTheNameInBoldBlueOfHeightTwenty)
 {
-    testing::SixProductDatabase database;
-    const StartupTables tables = load(database.write());
-    const Description description = buildDescription(tables, 3);
-    ASSERT_TRUE(description.built);
-    const StyledDocument& document = description.document;
+    const StyledDocument document = sixProductDescription(3);
     ASSERT_GE(document.runs().size(), 2u);
     EXPECT_EQ(cp1250ToUtf8(document.runs()[0].text), "Készítmény: ");
     EXPECT_FALSE(document.runs()[0].style.bold);

@@ -3,8 +3,6 @@
 // segment separated by kSegmentSeparator; files the input does not reach are missing from the directory.
 #pragma once
 
-#include <unistd.h>
-
 #include <charconv>
 #include <cstdint>
 #include <cstdio>
@@ -15,7 +13,9 @@
 #include <string_view>
 #include <vector>
 
+#include "db/StartupTables.h"
 #include "fuzz/FuzzLayouts.h"
+#include "tests/support/ScratchDirectory.h"
 
 namespace rovanel::fuzzing
 {
@@ -76,41 +76,19 @@ private:
 
 // A data directory of this process, created once under the temporary folder (scripts/fuzz points
 // TMPDIR at a folder it removes afterwards) and rewritten for every input.
-class FuzzDirectory
+class FuzzDirectory : public testing::ScratchDirectory
 {
 public:
-    FuzzDirectory()
-    {
-        m_path = std::filesystem::temp_directory_path() / ("rovanel-fuzz-" + std::to_string(::getpid()));
-        std::filesystem::create_directories(m_path);
-    }
-    FuzzDirectory(const FuzzDirectory&) = delete;
-    FuzzDirectory& operator=(const FuzzDirectory&) = delete;
-    ~FuzzDirectory()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-
-    [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
-
     // Writes segment i + 1 of `segments` as file `names[i]`; removes the files without a segment.
     void populate(const std::vector<std::string_view>& segments, const std::vector<std::string_view>& names)
     {
         for (std::size_t i = 0; i < names.size(); ++i) {
-            const std::filesystem::path file = m_path / std::string(names[i]);
-            if (i + 1 < segments.size()) {
-                std::ofstream out(file, std::ios::binary | std::ios::trunc);
-                out.write(segments[i + 1].data(), static_cast<std::streamsize>(segments[i + 1].size()));
-            } else {
-                std::error_code ignored;
-                std::filesystem::remove(file, ignored);
-            }
+            if (i + 1 < segments.size())
+                write(names[i], segments[i + 1]);
+            else
+                remove(names[i]);
         }
     }
-
-private:
-    std::filesystem::path m_path;
 };
 
 // One directory for the whole run of a fuzz target.
@@ -118,6 +96,20 @@ inline FuzzDirectory& fuzzDirectory()
 {
     static FuzzDirectory directory;
     return directory;
+}
+
+// Writes `target`'s files from the input into the fuzz directory; gives the input's parameter line.
+inline Parameters populateFromInput(const std::uint8_t* data, std::size_t size, std::string_view target)
+{
+    const auto segments = splitSegments(std::string_view(reinterpret_cast<const char*>(data), size));
+    fuzzDirectory().populate(segments, layoutFiles(target));
+    return Parameters(segments.front());
+}
+
+// The start-up tables of the fuzz directory, its RV.INI read as the user's own.
+inline StartupTables loadFuzzTables()
+{
+    return loadStartupTables(fuzzDirectory().path(), fuzzDirectory().path() / "RV.INI");
 }
 
 }  // namespace rovanel::fuzzing

@@ -14,11 +14,8 @@ using namespace rovanel::fuzzing;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const auto segments = splitSegments(std::string_view(reinterpret_cast<const char*>(data), size));
-    const Parameters parameters(segments.front());
-    FuzzDirectory& directory = fuzzDirectory();
-    directory.populate(segments, layoutFiles("description_fuzz"));
-    const StartupTables tables = loadStartupTables(directory.path(), directory.path() / "RV.INI");
+    const Parameters parameters = populateFromInput(data, size, "description_fuzz");
+    const StartupTables tables = loadFuzzTables();
     const auto record =
         static_cast<std::int32_t>(std::clamp<std::int64_t>(parameters.at(0), INT32_MIN, INT32_MAX));
 

@@ -13,11 +13,8 @@ using namespace rovanel::fuzzing;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const auto segments = splitSegments(std::string_view(reinterpret_cast<const char*>(data), size));
-    const Parameters parameters(segments.front());
-    FuzzDirectory& directory = fuzzDirectory();
-    directory.populate(segments, layoutFiles("khrun_fuzz"));
-    const StartupTables tables = loadStartupTables(directory.path(), directory.path() / "RV.INI");
+    const Parameters parameters = populateFromInput(data, size, "khrun_fuzz");
+    const StartupTables tables = loadFuzzTables();
 
     const KhMode mode = parameters.at(0) % 2 != 0 ? KhMode::Check : KhMode::AtcGroup;
     DrugSelection selection;

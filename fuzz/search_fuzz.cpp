@@ -27,11 +27,8 @@ void checkTable(const StartupTables& tables, const FoundDrugTable& found)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const auto segments = splitSegments(std::string_view(reinterpret_cast<const char*>(data), size));
-    const Parameters parameters(segments.front());
-    FuzzDirectory& directory = fuzzDirectory();
-    directory.populate(segments, layoutFiles("search_fuzz"));
-    const StartupTables tables = loadStartupTables(directory.path(), directory.path() / "RV.INI");
+    const Parameters parameters = populateFromInput(data, size, "search_fuzz");
+    const StartupTables tables = loadFuzzTables();
 
     DrugSelection selection;
     selection.SzedettGy.fill(-1);
