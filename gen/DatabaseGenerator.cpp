@@ -16,6 +16,7 @@
 #include "db/HungarianCollation.h"
 #include "db/MessageCatalog.h"
 #include "gen/AtcBook.h"
+#include "gen/PrescriptionFiles.h"
 
 namespace rovanel
 {
@@ -1526,6 +1527,7 @@ std::optional<PlantedCases> generateDatabase(const std::filesystem::path& direct
 {
     Generator generator(options);
     if (!generator.build(error) || !generator.write(directory, error)) return std::nullopt;
+    if (!writePrescriptionFiles(directory, options.seed, error)) return std::nullopt;
     return generator.planted;
 }
 
