@@ -121,8 +121,8 @@ bool isFeePayingKey(std::string_view key)
     return !key.empty() && (key.front() == '_' || key.front() == '&' || key.front() == '*');
 }
 
-BnoCheckResult checkBno(std::optional<std::string_view> bnohr, const RegulationKeys& keys,
-                        std::string_view code, bool feePaying, int source)
+BnoCheckResult checkBnoText(std::optional<std::string_view> bnohr, const RegulationKeys& keys,
+                            std::string_view code, bool feePaying, int source)
 {
     BnoCheckResult result;
     if (source == static_cast<int>(PrescriptionSource::MedicalAid)) {
@@ -148,13 +148,13 @@ BnoCheckResult checkBno(const std::filesystem::path& dataDirectory, const Regula
 {
     if (source == static_cast<int>(PrescriptionSource::MedicalAid) ||
         (keys.freeKey.empty() && keys.feeKey.empty()))
-        return checkBno(std::optional<std::string_view>{}, keys, code, feePaying, source);
+        return checkBnoText(std::optional<std::string_view>{}, keys, code, feePaying, source);
     const auto rules = readRules(dataDirectory);
-    return checkBno(rules ? std::optional<std::string_view>(*rules) : std::nullopt, keys, code, feePaying,
-                    source);
+    return checkBnoText(rules ? std::optional<std::string_view>(*rules) : std::nullopt, keys, code, feePaying,
+                        source);
 }
 
-BnoCodeList bnoCodeList(std::optional<std::string_view> bnohr, const RegulationKeys& keys, bool feePaying)
+BnoCodeList bnoCodeListText(std::optional<std::string_view> bnohr, const RegulationKeys& keys, bool feePaying)
 {
     BnoCodeList list;
     if (auto message = preconditions(bnohr, keys)) {
@@ -185,9 +185,9 @@ BnoCodeList bnoCodeList(const std::filesystem::path& dataDirectory, const Regula
                         bool feePaying)
 {
     if (keys.freeKey.empty() && keys.feeKey.empty())
-        return bnoCodeList(std::optional<std::string_view>{}, keys, feePaying);
+        return bnoCodeListText(std::optional<std::string_view>{}, keys, feePaying);
     const auto rules = readRules(dataDirectory);
-    return bnoCodeList(rules ? std::optional<std::string_view>(*rules) : std::nullopt, keys, feePaying);
+    return bnoCodeListText(rules ? std::optional<std::string_view>(*rules) : std::nullopt, keys, feePaying);
 }
 
 std::string_view codeOfListLine(std::string_view line) { return line.substr(0, line.find(' ')); }

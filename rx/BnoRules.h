@@ -36,8 +36,8 @@ inline constexpr std::size_t kBnoRuleLineLimit = 1023;
 
 // The check on the text of bnohr.dat (nothing = the file could not be opened). Source 2 (a medical aid)
 // is accepted without looking at the keys or the file.
-[[nodiscard]] BnoCheckResult checkBno(std::optional<std::string_view> bnohr, const RegulationKeys& keys,
-                                      std::string_view code, bool feePaying, int source);
+[[nodiscard]] BnoCheckResult checkBnoText(std::optional<std::string_view> bnohr, const RegulationKeys& keys,
+                                          std::string_view code, bool feePaying, int source);
 // The same with bnohr.dat of `dataDirectory`, opened and read anew on every call.
 [[nodiscard]] BnoCheckResult checkBno(const std::filesystem::path& dataDirectory, const RegulationKeys& keys,
                                       std::string_view code, bool feePaying, int source);
@@ -48,8 +48,8 @@ struct BnoCodeList {
     std::vector<std::string> lines;
     std::optional<Message> message;
 };
-[[nodiscard]] BnoCodeList bnoCodeList(std::optional<std::string_view> bnohr, const RegulationKeys& keys,
-                                      bool feePaying);
+[[nodiscard]] BnoCodeList bnoCodeListText(std::optional<std::string_view> bnohr, const RegulationKeys& keys,
+                                          bool feePaying);
 [[nodiscard]] BnoCodeList bnoCodeList(const std::filesystem::path& dataDirectory, const RegulationKeys& keys,
                                       bool feePaying);
 
