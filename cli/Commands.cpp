@@ -15,6 +15,11 @@ int runSideEffect(const std::vector<std::string>& args);
 int runIngredient(const std::vector<std::string>& args);
 int runDescribe(const std::vector<std::string>& args);
 int runSameAtc(const std::vector<std::string>& args);
+int runLatin(const std::vector<std::string>& args);
+int runTitles(const std::vector<std::string>& args);
+int runBnoCheck(const std::vector<std::string>& args);
+int runBnoList(const std::vector<std::string>& args);
+int runBnoFind(const std::vector<std::string>& args);
 
 const std::vector<Command>& commands()
 {
@@ -30,6 +35,11 @@ const std::vector<Command>& commands()
         {"ingredient", "ingredient DIR K", runIngredient},
         {"describe", "describe DIR P", runDescribe},
         {"same-atc", "same-atc DIR CODE [--by-name]", runSameAtc},
+        {"latin", "latin N", runLatin},
+        {"titles", "titles DIR P", runTitles},
+        {"bno-check", "bno-check DIR FREEKEY FEEKEY CODE [--fee] [--source N]", runBnoCheck},
+        {"bno-list", "bno-list DIR FREEKEY FEEKEY [--fee]", runBnoList},
+        {"bno-find", "bno-find DIR TEXT [--list] [--ignore-case]", runBnoFind},
     };
     return table;
 }
