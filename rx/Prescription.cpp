@@ -157,6 +157,32 @@ RecordCheck checkPrescription(const Prescription& prescription,
     return check;
 }
 
+std::string previewText(const Prescription& prescription)
+{
+    const Patient& patient = prescription.patient;
+    const PrescriptionItem& item = prescription.item;
+    const auto& words = packageFormWords();
+    std::string text;
+    text += patient.name + "\n" + patient.address1 + "\n" + patient.address2 + "\n";
+    text += utf8ToCp1250("Szül.: ") + patient.birthDate + "   TAJ: " + patient.taj + "\n";
+    text += "BNO: " + prescription.bno + utf8ToCp1250("   Dátum: ") + prescription.date + "\n";
+    if (prescription.title >= 0 && prescription.title < kTitleCount)
+        text += utf8ToCp1250("Jogcím: ") +
+                prescription.titleCaptions[static_cast<std::size_t>(prescription.title)] + "\n";
+    text += "\nRp.\n" + item.name + "\n";
+    // "- Nem jelölt -" writes no package-form word before the quantity.
+    const bool marked = item.packageForm >= 0 && item.packageForm + 1 < static_cast<int>(words.size());
+    text +=
+        (marked ? words[static_cast<std::size_t>(item.packageForm)] + " " : std::string()) + item.quantity;
+    if (!item.quantityLatin.empty()) text += " (" + item.quantityLatin + ")";
+    text += "\n" + item.dosage + "\n";
+    if (!prescription.extraText.empty()) text += prescription.extraText + "\n";
+    if (!item.substitutable) text += utf8ToCp1250("Nem helyettesíthető\n");
+    // Thirty blanks before the word, as the printed copy carries it.
+    if (prescription.copy) text += std::string(30, ' ') + utf8ToCp1250("MÁSOLAT\n");
+    return text;
+}
+
 Message invalidDataMessage() { return message("Hibás adatok!", MessageIcon::Stop); }
 
 std::optional<Message> refuseIniValue(std::string_view key, std::string_view value)

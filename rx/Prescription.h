@@ -92,6 +92,11 @@ struct RecordCheck {
                                             const std::optional<std::vector<TreeNode>>& bnoTree,
                                             const std::filesystem::path& dataDirectory);
 
+// The on-screen preview: the prescription's lines as the form shows them below the controls (Windows-1250,
+// lines ended by '\n'): patient, date and BNO, title, the drug with its package form and quantity, the
+// dosage text, the free text, and the marks for a copy and a drug that must not be substituted.
+[[nodiscard]] std::string previewText(const Prescription& prescription);
+
 // "Hibás adatok!", shown after a failed record check.
 [[nodiscard]] Message invalidDataMessage();
 
