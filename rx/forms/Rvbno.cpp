@@ -13,6 +13,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "app/forms/Help.h"
 #include "db/Cp1250.h"
 #include "rx/BnoTree.h"
 #include "rx/forms/BnoTreeView.h"
@@ -39,6 +40,7 @@ TBnoForm::TBnoForm(std::filesystem::path dataDirectory, QWidget* parent)
 {
     setObjectName("BnoForm");
     setWindowTitle(QString::fromUtf8("Bno kereső"));
+    setHelpContext(this, 610);
     resize(760, 560);
 
     BnoEdt = new QLineEdit(this);

@@ -17,6 +17,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
@@ -69,6 +70,15 @@ RunFiles& runFiles()
     return files;
 }
 
+// Lower case without accents, so that "szivbet" finds "Szívbetegség" as one types.
+QString folded(const QString& text)
+{
+    QString out;
+    for (const QChar c : text.normalized(QString::NormalizationForm_D))
+        if (c.category() != QChar::Mark_NonSpacing) out += c.toLower();
+    return out;
+}
+
 constexpr const char* kCodeTable = "Kódtábla";
 constexpr const char* kInsert = "Beilleszt";
 
@@ -84,6 +94,7 @@ TRp::TRp(rovanel::SharedState& state, std::filesystem::path dataDirectory, QWidg
 {
     setObjectName("Rp");
     setWindowTitle(QString::fromUtf8("Recept"));
+    setHelpContext(this, 600);
     buildControls();
     resize(1000, 700);
 }
@@ -231,7 +242,16 @@ void TRp::buildControls()
     treeSearch->addWidget(BnoKeres);
     treeSearch->addWidget(BnoNext);
     treeSearch->addWidget(BnoCollapse);
+    // The code list filters as one types (letter case and accents folded); the list itself is unchanged.
+    auto* filter = edit("BnoEuSzuro", BnoPanel);
+    filter->setPlaceholderText(QString::fromUtf8("Szűrés a listában"));
+    connect(filter, &QLineEdit::textChanged, this, [this](const QString& typed) {
+        const QString wanted = folded(typed);
+        for (int i = 0; i < BnoEuLst->count(); ++i)
+            BnoEuLst->item(i)->setHidden(!folded(BnoEuLst->item(i)->text()).contains(wanted));
+    });
     auto* bnoLayout = new QVBoxLayout(BnoPanel);
+    bnoLayout->addWidget(filter);
     bnoLayout->addWidget(BnoEuLst, 1);
     bnoLayout->addWidget(MsgLabel);
     bnoLayout->addLayout(treeSearch);
@@ -508,6 +528,7 @@ void TRp::BnoKodokClick()
             return;
         }
         BnoEuLst->clear();
+        findChild<QLineEdit*>("BnoEuSzuro")->clear();
         for (const std::string& line : list.lines) BnoEuLst->addItem(fromCp1250(line));
         loadBnoTree();
         showBnoBrowser(true);

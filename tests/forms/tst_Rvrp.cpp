@@ -134,6 +134,17 @@ void TestRvrp::prescriptionForAPackageIsWrittenCheckedAndSaved()
     QCOMPARE(codes->text(), text("Beilleszt"));
     QVERIFY(messages.texts().isEmpty());
 
+    // The list filters as one types; the hidden lines stay in it.
+    auto* filter = child<QLineEdit>(*form, "BnoEuSzuro");
+    const QString firstCode = list->item(0)->text().section(' ', 0, 0);
+    QTest::keyClicks(filter, firstCode.toLower());
+    QVERIFY(!list->item(0)->isHidden());
+    int shown = 0;
+    for (int i = 0; i < list->count(); ++i) shown += list->item(i)->isHidden() ? 0 : 1;
+    QCOMPARE(shown, 1);
+    filter->clear();
+    QVERIFY(!list->item(list->count() - 1)->isHidden());
+
     // Beilleszt without a chosen line asks for one; with a line it takes its code.
     QTest::mouseClick(codes, Qt::LeftButton);
     QCOMPARE(messages.texts(), QStringList{text("Jelölje ki a BNO kódot a listából!")});
