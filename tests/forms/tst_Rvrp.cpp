@@ -2,6 +2,7 @@
 // and the dosage list in a scratch folder and every message box recorded.
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -68,6 +69,8 @@ private slots:
     void permanentDrugWithoutEntryAllowsOnlyThreeTitles();
     void titleShownAsDashIsRefused();
     void dosageListIsNeverOverwrittenByTheTemplate();
+    void regulationTextOfACodeLineOnRightClick();
+    void magistralItemIsAddedWithItsCode();
 
 private:
     std::unique_ptr<TRp> makeForm();
@@ -263,6 +266,43 @@ void TestRvrp::dosageListIsNeverOverwrittenByTheTemplate()
     QCOMPARE(reread->count(), 2);
     QCOMPARE(reread->itemText(0), text("Naponta 2x1"));
     QCOMPARE(reread->itemText(1), text("Saját adagolás"));
+}
+
+void TestRvrp::regulationTextOfACodeLineOnRightClick()
+{
+    const std::int32_t record = packageWithFeeKey(m_state);
+    MessageRecorder messages;
+    auto form = makeForm();
+    QVERIFY(form->openForPackage(record));
+    clickRadio(child<QRadioButton>(*form, "JogcimGrp5"));
+    auto* list = child<QListWidget>(*form, "BnoEuLst");
+    QCOMPARE(child<QLabel>(*form, "MsgLabel")->text(),
+             text("A rendelet szövege a jobb egérgomb lenyomásával megjeleníthető"));
+    form->BnoEuLstRightClick();
+    QCOMPARE(messages.texts(), QStringList{text("Jelöljön ki egy sort!")});
+    messages.clear();
+    list->setCurrentRow(0);
+    form->BnoEuLstRightClick();
+    QCOMPARE(messages.texts().size(), 1);
+    QVERIFY(messages.texts().front().startsWith(text("Emelt ")));  // the rend.dat text of the point
+    messages.clear();
+    list->addItem("A0000 \t90%  EU999/z\t");
+    list->setCurrentRow(list->count() - 1);
+    form->BnoEuLstRightClick();
+    QCOMPARE(messages.texts(), QStringList{text("Hibás kód:_EU999/z")});
+}
+
+void TestRvrp::magistralItemIsAddedWithItsCode()
+{
+    MessageRecorder messages;
+    auto form = makeForm();
+    form->setSource(0);
+    form->addItem("Rp. Acidi borici 2,0", "Naponta 2x", std::string(rovanel::kMagistralProductCode));
+    QCOMPARE(child<QLineEdit>(*form, "GyogyszerNev")->text(), QString("Rp. Acidi borici 2,0"));
+    QCOMPARE(form->prescription().item.productCode, std::string("999999999"));
+    child<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
+    QTest::mouseClick(child<QPushButton>(*form, "RpSaveOnly"), Qt::LeftButton);
+    QCOMPARE(messages.texts(), QStringList{text("Recept elmentve.")});  // no quantity needed for source 0
 }
 
 QTEST_MAIN(TestRvrp)
