@@ -297,7 +297,7 @@ void TRp::buildControls()
         connect(line, &QLineEdit::textChanged, this, &TRp::refreshPreview);
     connect(BetegSzulDat, &QLineEdit::textChanged, this, &TRp::BetegSzulDatChange);
     connect(FelirDat, &QLineEdit::textChanged, this, &TRp::BetegSzulDatChange);
-    connect(Mennyiseg, &QLineEdit::textEdited, this, &TRp::MennyisegChange);
+    connect(Mennyiseg, &QLineEdit::textChanged, this, &TRp::MennyisegChange);
     connect(GyogyszerDs, &QPlainTextEdit::textChanged, this, &TRp::refreshPreview);
     connect(RpE, &QPlainTextEdit::textChanged, this, &TRp::refreshPreview);
     connect(Masolat, &QCheckBox::toggled, this, &TRp::refreshPreview);
@@ -430,6 +430,7 @@ void TRp::GyChLstClick(int row)
     BnoKodok->setText(QString::fromUtf8(kCodeTable));
     showBnoBrowser(false);
     const rovanel::PrescriptionItem item = rovanel::decodeDrugRecord(toCp1250(GyChLst->item(row)->text()));
+    m_package = rovanel::PackageData{};  // a permanent drug has no supply length
     m_prescription.item.key = item.key;
     m_prescription.item.productCode = item.productCode;
     GyogyszerNev->setText(fromCp1250(item.name));
@@ -441,7 +442,6 @@ void TRp::GyChLstClick(int row)
     setWindowTitle(fromCp1250(item.key));
     const rovanel::TamtttEntry entry = rovanel::lookupTamttt(runFiles().tamttt, item.key);
     m_prescription.keys = entry.keys;
-    m_package = rovanel::PackageData{};
     rovanel::TitleCaptions relabelled = captions();
     rovanel::relabelLayoutB(relabelled, std::string_view(entry.flags));
     relabel(relabelled);
