@@ -9,10 +9,10 @@
 namespace rovanel::cli
 {
 
-int runBnoCheck(const std::vector<std::string>& args)
+int runBnoCheck(const Invocation& call)
 {
-    constexpr const char* usage = "bno-check DIR FREEKEY FEEKEY CODE [--fee] [--source N]";
-    if (args.size() < 4) return usageError(usage);
+    const auto& args = call.args;
+    if (args.size() < 4) return call.usageError();
     bool feePaying = false;
     long long source = 3;
     for (std::size_t i = 4; i < args.size(); ++i) {
@@ -20,10 +20,10 @@ int runBnoCheck(const std::vector<std::string>& args)
             feePaying = true;
         } else if (args[i] == "--source" && i + 1 < args.size()) {
             const auto number = numberArgument(args[++i]);
-            if (!number || *number < 0 || *number > 3) return usageError(usage);
+            if (!number || *number < 0 || *number > 3) return call.usageError();
             source = *number;
         } else {
-            return usageError(usage);
+            return call.usageError();
         }
     }
     const RegulationKeys keys{utf8ToCp1250(args[1]), utf8ToCp1250(args[2])};

@@ -9,10 +9,10 @@
 namespace rovanel::cli
 {
 
-int runBnoFind(const std::vector<std::string>& args)
+int runBnoFind(const Invocation& call)
 {
-    constexpr const char* usage = "bno-find DIR TEXT [--list] [--ignore-case]";
-    if (args.size() < 2) return usageError(usage);
+    const auto& args = call.args;
+    if (args.size() < 2) return call.usageError();
     bool list = false, ignoreCase = false;
     for (std::size_t i = 2; i < args.size(); ++i) {
         if (args[i] == "--list") {
@@ -20,7 +20,7 @@ int runBnoFind(const std::vector<std::string>& args)
         } else if (args[i] == "--ignore-case") {
             ignoreCase = true;
         } else {
-            return usageError(usage);
+            return call.usageError();
         }
     }
     const auto nodes = loadBnoTree(args[0]);

@@ -9,11 +9,11 @@
 namespace rovanel::cli
 {
 
-int runBnoList(const std::vector<std::string>& args)
+int runBnoList(const Invocation& call)
 {
-    constexpr const char* usage = "bno-list DIR FREEKEY FEEKEY [--fee]";
+    const auto& args = call.args;
     if (args.size() < 3 || args.size() > 4 || (args.size() == 4 && args[3] != "--fee"))
-        return usageError(usage);
+        return call.usageError();
     const BnoCodeList list =
         bnoCodeList(args[0], RegulationKeys{utf8ToCp1250(args[1]), utf8ToCp1250(args[2])}, args.size() == 4);
     if (list.message) std::printf("%s\n", toUtf8(list.message->text).c_str());

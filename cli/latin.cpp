@@ -9,15 +9,16 @@
 namespace rovanel::cli
 {
 
-int runLatin(const std::vector<std::string>& args)
+int runLatin(const Invocation& call)
 {
-    if (args.size() != 1) return usageError("latin N");
+    const auto& args = call.args;
+    if (args.size() != 1) return call.usageError();
     const QuantityChange change = quantityChanged(utf8ToCp1250(args[0]), 0);
     if (change.error) {
         std::fprintf(stderr, "rvcli: %s\n", toUtf8(change.error->text).c_str());
         return 1;
     }
-    if (!change.latin) return usageError("latin N");
+    if (!change.latin) return call.usageError();
     std::printf("%s\n", toUtf8(*change.latin).c_str());
     return 0;
 }

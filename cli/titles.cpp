@@ -10,23 +10,23 @@
 namespace rovanel::cli
 {
 
-int runTitles(const std::vector<std::string>& args)
+int runTitles(const Invocation& call)
 {
-    constexpr const char* usage = "titles DIR P";
-    if (args.size() != 2) return usageError(usage);
+    const auto& args = call.args;
+    if (args.size() != 2) return call.usageError();
     const auto record = numberArgument(args[1]);
-    if (!record) return usageError(usage);
-    const auto tables = openDatabase(args[0]);
-    if (!tables) return 2;
-    const auto package = packageData(*tables, args[0], static_cast<std::int32_t>(*record));
-    if (!package || *record < 0 || *record >= tables->counts.products()) {
-        std::fprintf(stderr, "rvcli: product %lld has no package data\n", *record);
-        return 1;
-    }
-    TitleCaptions captions = defaultTitleCaptions();
-    relabelLayoutA(captions, std::string_view(package->titleFlags));
-    for (const std::string& caption : captions) std::printf("%s\n", toUtf8(caption).c_str());
-    return 0;
+    if (!record) return call.usageError();
+    return withDatabase(args[0], [&](const StartupTables& tables) {
+        const auto package = packageData(tables, args[0], static_cast<std::int32_t>(*record));
+        if (!package || *record < 0 || *record >= tables.counts.products()) {
+            std::fprintf(stderr, "rvcli: product %lld has no package data\n", *record);
+            return 1;
+        }
+        TitleCaptions captions = defaultTitleCaptions();
+        relabelLayoutA(captions, std::string_view(package->titleFlags));
+        for (const std::string& caption : captions) std::printf("%s\n", toUtf8(caption).c_str());
+        return 0;
+    });
 }
 
 }  // namespace rovanel::cli
