@@ -17,6 +17,11 @@ int runSideEffect(const Invocation& call);
 int runIngredient(const Invocation& call);
 int runDescribe(const Invocation& call);
 int runSameAtc(const Invocation& call);
+int runLatin(const Invocation& call);
+int runTitles(const Invocation& call);
+int runBnoCheck(const Invocation& call);
+int runBnoList(const Invocation& call);
+int runBnoFind(const Invocation& call);
 
 const std::vector<Command>& commands()
 {
@@ -32,6 +37,11 @@ const std::vector<Command>& commands()
         {"ingredient", "ingredient DIR K", runIngredient},
         {"describe", "describe DIR P", runDescribe},
         {"same-atc", "same-atc DIR CODE [--by-name]", runSameAtc},
+        {"latin", "latin N", runLatin},
+        {"titles", "titles DIR P", runTitles},
+        {"bno-check", "bno-check DIR FREEKEY FEEKEY CODE [--fee] [--source N]", runBnoCheck},
+        {"bno-list", "bno-list DIR FREEKEY FEEKEY [--fee]", runBnoList},
+        {"bno-find", "bno-find DIR TEXT [--list] [--ignore-case]", runBnoFind},
     };
     return table;
 }

@@ -26,6 +26,10 @@
 #include "db/StyledDocument.h"
 #include "db/TreeFile.h"
 #include "gen/DatabaseGenerator.h"
+#include "rx/BnoRules.h"
+#include "rx/BnoTree.h"
+#include "rx/PackageData.h"
+#include "rx/Qualification.h"
 #include "tests/support/TinyDatabase.h"
 
 namespace rovanel
@@ -167,6 +171,41 @@ std::string checkSearches(const StartupTables& tables, const Probe& probe)
     return {};
 }
 
+// The prescription files: BNO tree, rules, title flags and qualifications, and the package data of the
+// drugs probed.
+std::string checkPrescriptionReaders(const std::filesystem::path& directory, const StartupTables& tables,
+                                     const Probe& probe)
+{
+    const auto tree = loadBnoTree(directory);
+    if (tree) {
+        if (const auto found = findBnoCode(*tree, "I10H0");
+            found && !nodeHoldsCode((*tree)[*found].text, "I10H0"))
+            return "BNO code found in a node that does not hold it";
+        for (const std::size_t hit : bnoSearchAll(*tree, "\xE9", true))
+            if (hit >= tree->size()) return "BNO search hit outside the tree";
+    }
+    for (const RegulationKeys& keys :
+         {RegulationKeys{"EU901", "_EU902/a"}, RegulationKeys{"EU905,EU901", "EU901,_EU902/a"},
+          RegulationKeys{"", ""}}) {
+        for (const bool fee : {false, true}) {
+            const BnoCheckResult check = checkBno(directory, keys, "E1190", fee, 3);
+            if (check.accepted == check.message.has_value()) return "BNO check without one outcome";
+            const BnoCodeList list = bnoCodeList(directory, keys, fee);
+            if (list.lines.empty() != list.message.has_value()) return "BNO list without one outcome";
+        }
+    }
+    const std::string tamttt = readWholeFile(dataFilePath(directory, "tamttt.dat")).value_or(std::string());
+    for (const char* key : {"900000001", "900000009", "2", ";"}) {
+        const TamtttEntry entry = lookupTamttt(tamttt, key);
+        if (entry.flags.size() > kTamtttEntryLimit) return "title flags longer than the entry";
+    }
+    for (const std::int32_t record : probe.drugsTaken) {
+        const auto package = packageData(tables, directory, record);
+        if (package && package->titleFlags.size() != 11) return "Layout A flags not 11 characters";
+    }
+    return {};
+}
+
 // The first broken expectation, or the empty text.
 std::string exerciseEveryReader(const std::filesystem::path& directory, const Probe& probe)
 {
@@ -257,6 +296,8 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
                 return "same-ATC listing outside the table";
     }
 
+    if (std::string broken = checkPrescriptionReaders(directory, tables, probe); !broken.empty())
+        return broken;
     if (std::string broken = checkEngine(tables, probe, KhMode::Check, 0); !broken.empty()) return broken;
     for (const std::int64_t node : probe.atcNodes)
         if (std::string broken = checkEngine(tables, probe, KhMode::AtcGroup, node); !broken.empty())

@@ -48,6 +48,10 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
         {"registry_fuzz", {"registry.ini"}},
         // The tree-file parser on one file's content (atcnren2.dat and the like); no parameters.
         {"treefile_fuzz", {}},
+        // The prescription readers and rules. Parameters: fee-paying (0 or 1), source, days per package.
+        // After the files one more segment: free key, fee key, BNO code, drug key, search text, quantity,
+        // "OrvosSzakkep", one a line.
+        {"prescription_fuzz", {"bnohr.dat", "tamttt.dat", "bno.tre", "szvhr.dat"}},
     };
     return layouts;
 }

@@ -142,6 +142,16 @@ int main(int argc, char** argv)
                     if (found != database.end())
                         writeSeed(folder, number++, found->second.substr(0, kTreeLimit));
                 }
+            } else if (layout.target == "prescription_fuzz") {
+                Database cut = database;
+                if (const auto tree = cut.find("bno.tre"); tree != cut.end())
+                    tree->second = tree->second.substr(0, kTreeLimit);
+                for (const char* parameters : {"0 3 30", "1 3 15", "0 2 0", "1 0 22.5"}) {
+                    for (const char* probe : {"EU901\n_EU902/a\nE1190\n900000001\nszív\n30\n00401,tüdő;\n",
+                                              "EU905,EU901\nEU901,_EU902/a\nJ4500\n900000002\nI10\n120\n;\n",
+                                              "EU903\n\nK2900\n900000006\nXX\nx2\n\n"})
+                        writeSeed(folder, number++, input(parameters, layout.files, cut) + separator + probe);
+                }
             } else if (layout.target == "ini_fuzz") {
                 if (const auto found = database.find("RV.INI"); found != database.end())
                     writeSeed(folder, number++,

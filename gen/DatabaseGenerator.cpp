@@ -7,6 +7,7 @@
 
 #include "gen/GeneratedFile.h"
 #include "gen/PictureWriter.h"
+#include "gen/PrescriptionFiles.h"
 #include "gen/ProductModel.h"
 
 namespace rovanel
@@ -46,6 +47,7 @@ std::optional<PlantedCases> generateDatabase(const std::filesystem::path& direct
     generation::Generator generator(options);
     if (!generator.build(error) || !generator.write(directory, error)) return std::nullopt;
     if (!writePictures(directory, error)) return std::nullopt;
+    if (!writePrescriptionFiles(directory, options.seed, error)) return std::nullopt;
     return generator.planted;
 }
 

@@ -8,6 +8,8 @@
 
 #include "app/forms/Rvmain.h"
 #include "app/forms/SingleInstance.h"
+#include "rx/forms/Rvbno.h"
+#include "rx/forms/Rvrp.h"
 #include "views/forms/Rvgykozos.h"
 #include "views/forms/Rvha.h"
 #include "views/forms/Rvkh.h"
@@ -52,6 +54,15 @@ int main(int argc, char** argv)
     auto Mh = std::make_unique<TMh>(Main->state());
     Main->attachWindow(TMain::Window::Mh, Mh.get());
     Mh->setDescriptionViewer(showDescription);
+    auto Rp = std::make_unique<TRp>(Main->state(), std::filesystem::current_path());
+    Main->attachPermanentDrugs(
+        [form = Rp.get()](bool setListMode) { form->showPermanentDrugs(setListMode); });
+    Gylist->setPrescriptionOpener([form = Rp.get()](std::int32_t record) {
+        form->setSource(3);
+        (void)form->openForPackage(record);
+    });
+    auto BnoForm = std::make_unique<TBnoForm>(std::filesystem::current_path());
+    Main->attachWindow(TMain::Window::BnoForm, BnoForm.get());
 
     new SingleInstanceAnswer(Main.get());
     Main->show();

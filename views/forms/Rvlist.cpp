@@ -66,6 +66,11 @@ TGylist::TGylist(rovanel::SharedState& state, QWidget* parent) : QWidget(parent,
     m_hideDeleted = new QCheckBox(QString::fromUtf8("Törzskönyvből törölt kiszerlés nem kell"), this);
     m_hideDeleted->setObjectName("TTNemKell");
     m_hideDeleted->setGeometry(616, 6, 376, 22);
+    auto* recept = new QPushButton(QString::fromUtf8("&Recept"), this);
+    recept->setObjectName("ReceptBtn");
+    recept->setGeometry(500, 4, 100, 26);
+    recept->setEnabled(false);  // until the prescription window is attached
+    connect(recept, &QPushButton::clicked, this, &TGylist::ReceptClick);
 
     m_gylist = new QComboBox(this);
     m_gylist->setObjectName("Gylist");
@@ -167,6 +172,21 @@ void TGylist::clearProduct()
 void TGylist::TTNemKellClick(bool checked)
 {
     (void)rovanel::writeHideDeletedSetting(m_state, checked);  // unwritten: the choice holds for this run
+}
+
+void TGylist::setPrescriptionOpener(PrescriptionOpener opener)
+{
+    m_openPrescription = std::move(opener);
+    findChild<QPushButton*>("ReceptBtn")->setEnabled(static_cast<bool>(m_openPrescription));
+}
+
+void TGylist::ReceptClick()
+{
+    if (!m_openPrescription) return;
+    const int position = m_gylist->currentIndex();
+    const rovanel::NameGroup group =
+        medicinesShown() ? rovanel::NameGroup::Medicines : rovanel::NameGroup::Nutrition;
+    m_openPrescription(position < 0 ? -1 : rovanel::recordOfListPosition(m_state.tables, group, position));
 }
 
 void TGylist::GylistChange(int index)

@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 
 class QComboBox;
@@ -31,6 +32,12 @@ public:
     // it is on, a product of a "C08" code shows "r1.jpg" below a shortened description.
     void setPictureDisplay(bool on) { m_pictureDisplay = on; }
 
+    // Opens the prescription window for a product record (-1 when the cursor stands on no package); the
+    // "Recept" button calls it with the product under the cursor.
+    using PrescriptionOpener = std::function<void(std::int32_t record)>;
+    void setPrescriptionOpener(PrescriptionOpener opener);
+    void ReceptClick();
+
     // Scrolls Leiras1 to the first occurrence of `text`, as the jump buttons do.
     void SearchRtf(const QString& text);
 
@@ -51,6 +58,7 @@ private:
     [[nodiscard]] bool medicinesShown() const;
 
     rovanel::SharedState& m_state;
+    PrescriptionOpener m_openPrescription;
     bool m_shown = false;
     bool m_pictureDisplay = false;
     bool m_filling = false;

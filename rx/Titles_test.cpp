@@ -1,0 +1,113 @@
+#include "rx/Titles.h"
+
+#include <gtest/gtest.h>
+
+#include "db/Cp1250.h"
+
+namespace rovanel
+{
+namespace
+{
+
+std::vector<std::string> utf8(const TitleCaptions& captions)
+{
+    std::vector<std::string> out;
+    for (const std::string& caption : captions) out.push_back(cp1250ToUtf8(caption));
+    return out;
+}
+
+TEST(Titles, RelabellingFollowsTheFlagsInTableOrder)
+{
+    struct Case {
+        const char* what;
+        bool layoutA;
+        const char* flags;
+        std::vector<std::string> expected;
+    };
+    const Case cases[] = {
+        {"A: all zero",
+         true,
+         "00000000000",
+         {"Normatív", "-", "-", "-", "-", "-", "Teljes ár", "-", "-", "Egyedi támogatás"}},
+        {"A: all one",
+         true,
+         "11111111111",
+         {"Normatív", "HM", "Közgyógy", "Üzemi baleset", "Eü. kiemelt", "Eü. emelt", "Teljes ár",
+          "Eü. kiem. + közgy", "Eü. emelt. + közgy", "Egyedi támogatás"}},
+        {"A: positions past a short string count as zero",
+         true,
+         "1111",
+         {"Normatív", "-", "Közgyógy", "-", "-", "-", "Teljes ár", "-", "-", "Egyedi támogatás"}},
+        {"A: public care without the supports clears 7 and 8",
+         true,
+         "00010010100",
+         {"Normatív", "HM", "Közgyógy", "Üzemi baleset", "-", "-", "Teljes ár", "-", "-",
+          "Egyedi támogatás"}},
+        {"A: a non-'0' flag that is not '1' enables but does not combine",
+         true,
+         "000x000001x",
+         {"Normatív", "-", "Közgyógy", "-", "Eü. kiemelt", "Eü. emelt", "Teljes ár", "Eü. kiem. + közgy",
+          "Eü. emelt.+ közgy.", "Egyedi támogatás"}},
+        {"B: all zero (a permanent drug without tamttt.dat entry)",
+         false,
+         "0000000000",
+         {"Normatív", "-", "-", "-", "-", "-", "Teljes ár", "-", "-", "Egyedi támogatás"}},
+        {"B: all one",
+         false,
+         "1111111111",
+         {"Normatív", "HM", "Közgyógy", "Üzemi baleset", "Eü. rend.", "Eü. térítésköteles", "Teljes ár",
+          "Eü. rend. + közgy", "Eü. térítésköt. + közgy", "Egyedi támogatás"}},
+        {"B: fee-paying without public care",
+         false,
+         "1010100000",
+         {"Normatív", "HM", "-", "Üzemi baleset", "-", "Eü. térítésköteles", "Teljes ár", "-", "-",
+          "Egyedi támogatás"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        TitleCaptions captions = defaultTitleCaptions();
+        (c.layoutA ? relabelLayoutA : relabelLayoutB)(captions, std::string_view(c.flags));
+        EXPECT_EQ(utf8(captions), c.expected);
+    }
+}
+
+TEST(Titles, NoFlagsLeaveTheGroupAsItIs)
+{
+    TitleCaptions captions = defaultTitleCaptions();
+    relabelLayoutB(captions, std::string_view("0000000000"));
+    const TitleCaptions before = captions;
+    relabelLayoutA(captions, std::nullopt);
+    relabelLayoutB(captions, std::nullopt);
+    EXPECT_EQ(captions, before);
+}
+
+TEST(Titles, ChoosingATitle)
+{
+    TitleCaptions captions = defaultTitleCaptions();
+    relabelLayoutA(captions, std::string_view("00000000011"));  // only 4 and 5 open
+    struct Case {
+        int index, source;
+        bool codeTable;
+        const char* message;
+        bool openBnoCodes;
+    };
+    const Case cases[] = {
+        {1, 3, true, "Nem rendelhető ilyen jogcímen", false},
+        {4, 3, true, "", true},
+        {5, 2, true, "", true},
+        {5, 1, true, "", false},
+        {5, 0, true, "", false},
+        {4, 3, false, "", false},  // the button already reads "Beilleszt"
+        {0, 3, true, "", false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.index * 100 + c.source);
+        const TitleChoice choice = titleChosen(captions, c.index, c.source, c.codeTable);
+        EXPECT_EQ(choice.message ? cp1250ToUtf8(choice.message->text) : "", c.message);
+        EXPECT_EQ(choice.openBnoCodes, c.openBnoCodes);
+    }
+    EXPECT_TRUE(isFeePayingTitle(5) && isFeePayingTitle(8) && !isFeePayingTitle(4) && !isFeePayingTitle(7));
+}
+
+}  // namespace
+}  // namespace rovanel
