@@ -1,0 +1,253 @@
+#include "pricelist/DetailedList.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "db/Cp1250.h"
+#include "db/MessageCatalog.h"
+#include "db/StartupTables.h"
+#include "tests/support/EngineDatabase.h"
+
+namespace rovanel
+{
+namespace
+{
+
+using testing::EngineDatabase;
+using testing::EngineProduct;
+
+// A product with its normative category and group, full price, normative support and TT flag.
+EngineProduct product(const std::string& code, const std::string& name, const std::string& categories,
+                      const std::string& normativeGroup, const std::string& prices, bool deleted = false)
+{
+    EngineProduct result(code, name, {code.substr(0, 8)});
+    result.supportLine = "10;" + normativeGroup + ";0;0;" + categories + ";-;2;0;" + (deleted ? "1" : "0") +
+                         "^1@2107514" + code.substr(8) + "#-$-*-[3]123456{0}0(0)-\xB3" + "0@C08CA01";
+    result.priceLines = prices;
+    return result;
+}
+
+class DetailedListTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        EngineDatabase database;
+        database.products = {
+            product("C08CA-0100", "ALFA 5 MG", "355", "12", "1000\r\n800"),    // NK alap 20.0
+            product("C08CA-0101", "BETA 5 MG", "355", "12", "999\r\n500"),     // 49.9
+            product("C08CA-0102", "GAMMA 5 MG", "155", "0", "500\r\n400"),     // 10.0
+            product("C08CA-0103", "DELTA 5 MG", "355", "0415", "700\r\n600"),  // 10.0
+            product("C08CA-0200", "EPSZILON 5 MG", "355", "12", "900\r\n600"),
+            product("C08CA-0201", "ZETA 5 MG", "155", "0", "900\r\n600", true),
+            product("C08CA-0202", "ETA 5 MG", "155", "0", "900\r\n600"),
+            product("C08CB-0100", "THETA 5 MG", "155", "0", "900\r\n600", true),
+        };
+        database.atcGroups = {{"C", "Kardiovaszkuláris rendszer"},
+                              {"C08", "Kalciumcsatorna-blokkolók"},
+                              {"C08C", "Szelektív kalciumcsatorna-blokkolók"},
+                              {"C08CA-", "Dihidropiridin-származékok"},
+                              {"C08CA-01", "amlodipin"},
+                              {"C08CA-02", "felodipin"},
+                              {"C08CB-", "Fenilalkilamin-származékok"},
+                              {"C08CB-01", "verapamil"},
+                              {"N", "Idegrendszer"}};
+        database.write(m_directory);
+        m_tables = loadStartupTables(m_directory.path(), m_directory.path() / "no-user.ini");
+    }
+
+    static std::vector<std::string> names(const DetailedList& list)
+    {
+        std::vector<std::string> result;
+        for (const DetailedRow& row : list.rows()) result.push_back(row.cells[0]);
+        return result;
+    }
+
+    static int rowOf(const DetailedList& list, const std::string& name)
+    {
+        for (std::size_t i = 0; i < list.rows().size(); ++i)
+            if (list.rows()[i].cells[0] == name) return static_cast<int>(i);
+        return -1;
+    }
+
+    static std::vector<std::string> texts(const FillOutcome& outcome)
+    {
+        std::vector<std::string> result;
+        for (const Message& message : outcome.messages) result.push_back(cp1250ToUtf8(message.text));
+        return result;
+    }
+
+    testing::ScratchDirectory m_directory;
+    StartupTables m_tables;
+};
+
+TEST_F(DetailedListTest, PlainFillSortsByTheDailyCostOfTheGroupSeen)
+{
+    DetailedList list(m_tables);
+    const FillOutcome outcome = list.bFillSameAtc("C08CA-01", ListingMode::Plain);
+    EXPECT_TRUE(outcome.changed);
+    EXPECT_TRUE(outcome.messages.empty());
+    EXPECT_EQ(names(list), (std::vector<std::string>{"GAMMA 5 MG", "DELTA 5 MG", "ALFA 5 MG", "BETA 5 MG"}));
+    EXPECT_EQ(list.sortColumn(), 4);
+    EXPECT_EQ(list.columnCaption(4), "*NK alap*");
+    EXPECT_TRUE(list.fixedGroupButtonEnabled(SupportKind::Normative));
+    EXPECT_FALSE(list.fixedGroupButtonEnabled(SupportKind::Increased));
+    EXPECT_EQ(cp1250ToUtf8(list.fixedGroupButtonCaption(SupportKind::Normative)),
+              "Normatív TFX azonosak listázása");
+    EXPECT_EQ(list.fixedGroupButtonCaption(SupportKind::Highlighted), "TfxTerment");
+    EXPECT_EQ(list.lastReadCode(), "C08CA-0103");
+    // Empty columns and the internal identifiers are hidden; the prices are not.
+    for (int hidden : {7, 8, 9, 10, 11, 12, 21, 24, 28, 29, 30, 31, 32})
+        EXPECT_NE(std::find(outcome.hiddenColumns.begin(), outcome.hiddenColumns.end(), hidden),
+                  outcome.hiddenColumns.end())
+            << hidden;
+    for (int shown : {1, 2, 3, 4, 5, 6, 20, 33})
+        EXPECT_EQ(std::find(outcome.hiddenColumns.begin(), outcome.hiddenColumns.end(), shown),
+                  outcome.hiddenColumns.end())
+            << shown;
+}
+
+TEST_F(DetailedListTest, NormativeListingShowsTheSelectedRowsGroupAcrossTheBroaderGroup)
+{
+    DetailedList list(m_tables);
+    (void)list.bFillSameAtc("C08CA-01", ListingMode::Plain);
+    const FillOutcome outcome = list.fixedGroupClick(SupportKind::Normative, rowOf(list, "ALFA 5 MG"));
+    EXPECT_TRUE(outcome.messages.empty());
+    EXPECT_EQ(names(list), (std::vector<std::string>{"ALFA 5 MG", "EPSZILON 5 MG", "BETA 5 MG"}));
+    EXPECT_EQ(list.currentCode(), "C08CA-01");
+    // After a fixed-group listing the buttons are disabled although the rows form a group.
+    for (SupportKind kind : {SupportKind::Normative, SupportKind::Increased, SupportKind::Highlighted})
+        EXPECT_FALSE(list.fixedGroupButtonEnabled(kind));
+    EXPECT_EQ(list.fixedGroups().storedIds, (std::array<std::string, 3>{}));
+}
+
+TEST_F(DetailedListTest, ARowWhoseIdBeginsWithZeroListsTheProductsWithoutAGroup)
+{
+    DetailedList list(m_tables);
+    (void)list.bFillSameAtc("C08CA-01", ListingMode::Plain);
+    (void)list.fixedGroupClick(SupportKind::Normative, rowOf(list, "DELTA 5 MG"));
+    EXPECT_EQ(names(list), (std::vector<std::string>{"GAMMA 5 MG", "ZETA 5 MG", "ETA 5 MG"}));
+}
+
+TEST_F(DetailedListTest, FixedGroupButtonNeedsASelectedRowAndAFullCode)
+{
+    DetailedList list(m_tables);
+    (void)list.bFillSameAtc("C08CA-01", ListingMode::Plain);
+    const auto before = names(list);
+    EXPECT_EQ(texts(list.fixedGroupClick(SupportKind::Normative, -1)),
+              (std::vector<std::string>{"Jelöljön ki egy készítményt az alsó listából"}));
+    EXPECT_EQ(names(list), before);
+    EXPECT_TRUE(list.fixedGroupButtonEnabled(SupportKind::Normative));
+
+    (void)list.bFillSameAtc("C08CA-", ListingMode::Plain);
+    const auto broader = names(list);
+    const FillOutcome outcome = list.fixedGroupClick(SupportKind::Normative, 0);
+    EXPECT_TRUE(outcome.messages.empty());
+    EXPECT_FALSE(outcome.changed);
+    EXPECT_EQ(names(list), broader);
+}
+
+TEST_F(DetailedListTest, EmptyGroupsSayNincsIlyen)
+{
+    struct Case {
+        const char* what;
+        const char* code;
+        bool hide;
+        std::size_t rows;
+    };
+    const Case cases[] = {
+        {"group without products keeps the old rows", "N", false, 4},
+        {"code that is no group keeps the old rows", "Q99", false, 4},
+        {"every package TT and hidden empties the list", "C08CB-01", true, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        DetailedList list(m_tables);
+        (void)list.bFillSameAtc("C08CA-01", ListingMode::Plain);
+        list.setHideDeleted(c.hide);
+        EXPECT_EQ(texts(list.bFillSameAtc(c.code, ListingMode::Plain)),
+                  (std::vector<std::string>{"Nincs ilyen,vagy minden kiszer. TT"}));
+        EXPECT_EQ(list.rows().size(), c.rows);
+    }
+    DetailedList shown(m_tables);
+    EXPECT_TRUE(shown.bFillSameAtc("C08CB-01", ListingMode::Plain).messages.empty());
+    EXPECT_EQ(names(shown), (std::vector<std::string>{"THETA 5 MG"}));
+}
+
+TEST_F(DetailedListTest, HeaderClicksMoveTheStarsAndSortTheSameWayTwice)
+{
+    DetailedList list(m_tables);
+    (void)list.bFillSameAtc("C08CA-0", ListingMode::Plain);  // no such group: nothing listed yet
+    (void)list.bFillSameAtc("C08CA-", ListingMode::Plain);
+    EXPECT_FALSE(list.RefLstColumnClick(1));
+    const auto once = names(list);
+    EXPECT_FALSE(list.RefLstColumnClick(1));
+    EXPECT_EQ(names(list), once);
+    EXPECT_EQ(list.columnCaption(1), "*Teljes \xE1r*");
+    EXPECT_FALSE(list.RefLstColumnClick(0));
+    EXPECT_EQ(list.columnCaption(1), "Teljes \xE1r");
+    int marked = 0;
+    for (int c = 0; c < kDetailedColumnCount; ++c)
+        marked += list.columnCaption(c).find('*') != std::string::npos;
+    EXPECT_EQ(marked, 1);
+    EXPECT_EQ(list.columnCaption(0), "*N\xE9v - kiszerel\xE9s*");
+    // eutk holds "-": the integer sort reports the conversion error.
+    const auto error = list.RefLstColumnClick(22);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(cp1250ToUtf8(error->text), "'-' nem érvényes egész szám");
+    EXPECT_EQ(list.sortColumn(), 22);
+}
+
+TEST_F(DetailedListTest, MissingFilesLeaveTheListAsItWas)
+{
+    DetailedList list(m_tables);
+    (void)list.bFillSameAtc("C08CA-01", ListingMode::Plain);
+    std::filesystem::remove(m_directory.path() / "gy.ful");
+    const FillOutcome outcome = list.bFillSameAtc("C08CA-02", ListingMode::Plain);
+    EXPECT_FALSE(outcome.changed);
+    EXPECT_TRUE(outcome.messages.empty());
+    EXPECT_EQ(list.rows().size(), 4u);
+}
+
+TEST(DetailedListLimit, The601stEntryIsTheLastAndSaysSo)
+{
+    struct Case {
+        const char* code;
+        int products;
+        std::size_t rows;
+        bool message;
+    };
+    const Case cases[] = {{"A", 600, 600, false}, {"B", 601, 601, true}, {"D", 602, 601, true}};
+    EngineDatabase database;
+    for (const Case& c : cases) {
+        database.atcGroups.emplace_back(c.code, c.code);
+        for (int i = 0; i < c.products; ++i) {
+            char code[16];
+            std::snprintf(code, sizeof code, "%s%09d", c.code, i);
+            database.products.push_back(product(code, code, "155", "0", "100\r\n0"));
+        }
+    }
+    testing::ScratchDirectory directory;
+    database.write(directory);
+    const StartupTables tables = loadStartupTables(directory.path(), directory.path() / "no-user.ini");
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.code);
+        DetailedList list(tables);
+        const FillOutcome outcome = list.bFillSameAtc(c.code, ListingMode::Plain);
+        EXPECT_EQ(list.rows().size(), c.rows);
+        if (c.message) {
+            ASSERT_EQ(outcome.messages.size(), 1u);
+            EXPECT_EQ(cp1250ToUtf8(outcome.messages[0].text),
+                      "A csoportba 600-nál több kiszerelés tartozik, csak az első 601 látszik!");
+            EXPECT_EQ(cp1250ToUtf8(outcome.messages[0].caption), "Részletes lista");
+            EXPECT_EQ(outcome.messages[0].icon, MessageIcon::Information);
+            EXPECT_TRUE(outcome.messages[0].taskModal);
+        } else {
+            EXPECT_TRUE(outcome.messages.empty());
+        }
+    }
+}
+
+}  // namespace
+}  // namespace rovanel
