@@ -7,7 +7,7 @@
 #include "db/Cp1250.h"
 #include "db/MessageCatalog.h"
 #include "db/StartupTables.h"
-#include "tests/support/EngineDatabase.h"
+#include "tests/support/DetailedListDatabase.h"
 
 namespace rovanel
 {
@@ -15,44 +15,15 @@ namespace
 {
 
 using testing::EngineDatabase;
-using testing::EngineProduct;
 
-// A product with its normative category and group, full price, normative support and TT flag.
-EngineProduct product(const std::string& code, const std::string& name, const std::string& categories,
-                      const std::string& normativeGroup, const std::string& prices, bool deleted = false)
-{
-    EngineProduct result(code, name, {code.substr(0, 8)});
-    result.supportLine = "10;" + normativeGroup + ";0;0;" + categories + ";-;2;0;" + (deleted ? "1" : "0") +
-                         "^1@2107514" + code.substr(8) + "#-$-*-[3]123456{0}0(0)-\xB3" + "0@C08CA01";
-    result.priceLines = prices;
-    return result;
-}
+using testing::detailedListProduct;
 
 class DetailedListTest : public ::testing::Test
 {
 protected:
     void SetUp() override
     {
-        EngineDatabase database;
-        database.products = {
-            product("C08CA-0100", "ALFA 5 MG", "355", "12", "1000\r\n800"),    // NK alap 20.0
-            product("C08CA-0101", "BETA 5 MG", "355", "12", "999\r\n500"),     // 49.9
-            product("C08CA-0102", "GAMMA 5 MG", "155", "0", "500\r\n400"),     // 10.0
-            product("C08CA-0103", "DELTA 5 MG", "355", "0415", "700\r\n600"),  // 10.0
-            product("C08CA-0200", "EPSZILON 5 MG", "355", "12", "900\r\n600"),
-            product("C08CA-0201", "ZETA 5 MG", "155", "0", "900\r\n600", true),
-            product("C08CA-0202", "ETA 5 MG", "155", "0", "900\r\n600"),
-            product("C08CB-0100", "THETA 5 MG", "155", "0", "900\r\n600", true),
-        };
-        database.atcGroups = {{"C", "Kardiovaszkuláris rendszer"},
-                              {"C08", "Kalciumcsatorna-blokkolók"},
-                              {"C08C", "Szelektív kalciumcsatorna-blokkolók"},
-                              {"C08CA-", "Dihidropiridin-származékok"},
-                              {"C08CA-01", "amlodipin"},
-                              {"C08CA-02", "felodipin"},
-                              {"C08CB-", "Fenilalkilamin-származékok"},
-                              {"C08CB-01", "verapamil"},
-                              {"N", "Idegrendszer"}};
+        const EngineDatabase database = testing::detailedListDatabase();
         database.write(m_directory);
         m_tables = loadStartupTables(m_directory.path(), m_directory.path() / "no-user.ini");
     }
@@ -225,7 +196,7 @@ TEST(DetailedListLimit, The601stEntryIsTheLastAndSaysSo)
         for (int i = 0; i < c.products; ++i) {
             char code[16];
             std::snprintf(code, sizeof code, "%s%09d", c.code, i);
-            database.products.push_back(product(code, code, "155", "0", "100\r\n0"));
+            database.products.push_back(detailedListProduct(code, code, "155", "0", "100\r\n0"));
         }
     }
     testing::ScratchDirectory directory;

@@ -8,6 +8,7 @@
 
 #include "app/forms/Rvmain.h"
 #include "app/forms/SingleInstance.h"
+#include "pricelist/forms/Rvref.h"
 #include "views/forms/Rvgykozos.h"
 #include "views/forms/Rvha.h"
 #include "views/forms/Rvkh.h"
@@ -52,6 +53,9 @@ int main(int argc, char** argv)
     auto Mh = std::make_unique<TMh>(Main->state());
     Main->attachWindow(TMain::Window::Mh, Mh.get());
     Mh->setDescriptionViewer(showDescription);
+    auto RefForm = std::make_unique<TRefForm>(Main->state(), Main->registry());
+    Main->attachWindow(TMain::Window::RefForm, RefForm.get());
+    RefForm->setDescriptionViewer(showDescription);
 
     new SingleInstanceAnswer(Main.get());
     Main->show();
