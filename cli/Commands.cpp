@@ -15,6 +15,8 @@ int runSideEffect(const std::vector<std::string>& args);
 int runIngredient(const std::vector<std::string>& args);
 int runDescribe(const std::vector<std::string>& args);
 int runSameAtc(const std::vector<std::string>& args);
+int runDetailed(const std::vector<std::string>& args);
+int runRow(const std::vector<std::string>& args);
 
 const std::vector<Command>& commands()
 {
@@ -30,6 +32,8 @@ const std::vector<Command>& commands()
         {"ingredient", "ingredient DIR K", runIngredient},
         {"describe", "describe DIR P", runDescribe},
         {"same-atc", "same-atc DIR CODE [--by-name]", runSameAtc},
+        {"detailed", "detailed DIR CODE [--mode N [--row R]] [--sort COL]", runDetailed},
+        {"row", "row DIR P", runRow},
     };
     return table;
 }
