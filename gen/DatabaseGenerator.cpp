@@ -1526,6 +1526,7 @@ std::optional<PlantedCases> generateDatabase(const std::filesystem::path& direct
 {
     Generator generator(options);
     if (!generator.build(error) || !generator.write(directory, error)) return std::nullopt;
+    if (!plantDetailedListCases(directory, generator.planted, error)) return std::nullopt;
     return generator.planted;
 }
 
