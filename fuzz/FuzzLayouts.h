@@ -48,6 +48,11 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
         {"registry_fuzz", {"registry.ini"}},
         // The tree-file parser on one file's content (atcnren2.dat and the like); no parameters.
         {"treefile_fuzz", {}},
+        // The detailed list: a fill, every column's sort, a fixed-group listing, one row, and the
+        // public-care list reader. Parameters: ATC node, listing mode, hide TT, selected row, record.
+        {"detailed_fuzz",
+         {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat", "x.dat", "nevrend.dat", "nevpos.dat", "gy.ful",
+          "atcindin.dat", "atcind.dat", "kgy.txt"}},
     };
     return layouts;
 }
