@@ -13,31 +13,6 @@ namespace
 
 const PublicCareEntry kAmlodipin{"C08CA-01", "210751477", "AMLODIPIN 5 MG TABLETTA 30X", "3", "amlodipin "};
 
-TEST(PublicCareList, AppendingKeepsEveryEarlierLine)
-{
-    testing::ScratchDirectory directory;
-    const auto file = directory.path() / "lists" / "kgy.txt";
-    EXPECT_FALSE(appendPublicCareEntry(file, kAmlodipin));
-    PublicCareEntry emptyCells = kAmlodipin;
-    emptyCells.form.clear();
-    EXPECT_FALSE(appendPublicCareEntry(file, emptyCells));
-    EXPECT_FALSE(appendPublicCareEntry(file, kAmlodipin));  // the same product twice: two lines
-    EXPECT_EQ(readWholeFile(file).value_or(""),
-              "C08CA-01;210751477;AMLODIPIN 5 MG TABLETTA 30X;3;amlodipin \r\n"
-              "C08CA-01;210751477;AMLODIPIN 5 MG TABLETTA 30X;;amlodipin \r\n"
-              "C08CA-01;210751477;AMLODIPIN 5 MG TABLETTA 30X;3;amlodipin \r\n");
-}
-
-TEST(PublicCareList, ALastLineWithoutItsEndIsNotJoinedToTheNewOne)
-{
-    testing::ScratchDirectory directory;
-    directory.write("kgy.txt", "A;1;X;2;y");
-    EXPECT_FALSE(appendPublicCareEntry(directory.path() / "kgy.txt", kAmlodipin));
-    const auto entries = readPublicCareList(directory.path() / "kgy.txt");
-    ASSERT_TRUE(entries);
-    EXPECT_EQ(entries->size(), 2u);
-}
-
 TEST(PublicCareList, ARefusedWriteSaysWhyAndLosesNothing)
 {
     testing::ScratchDirectory directory;
@@ -75,12 +50,6 @@ TEST(PublicCareList, LinesAreCutAsStrtokCutsThem)
         SCOPED_TRACE(c.what);
         EXPECT_EQ(parsePublicCareList(c.content), c.expected);
     }
-}
-
-TEST(PublicCareList, AMissingFileIsNoList)
-{
-    testing::ScratchDirectory directory;
-    EXPECT_FALSE(readPublicCareList(directory.path() / "kgy.txt"));
 }
 
 TEST(PublicCareList, IngredientIsTheTreeTextBeforeItsParenthesis)

@@ -3,9 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "db/Cp1250.h"
-#include "db/DataFile.h"
-#include "tests/support/RecordLayouts.h"
-#include "tests/support/ScratchDirectory.h"
 
 namespace rovanel
 {
@@ -154,8 +151,6 @@ TEST(GetDailyPrice, WordsAndMarks)
         {"KP", "3", "2", "2", "2", "1", "KP", "", "", "", "C.É. FÖLÖTT"},
         {"Abusus", "4", "0", "0", "1", "2", "Abusus", "", "", "", "2"},
         {"Uj", "5", "0", "0", "1", "-", "Uj", "", "", "", "-"},
-        {"J", "6", "0", "0", "1", "0", "J", "", "", "", "NEM ÉRT."},
-        {"SZ", "7", "0", "0", "1", "0", "SZ", "", "", "", "NEM ÉRT."},
         {"I", "8", "0", "0", "1", "0", "I", "", "", "", "NEM ÉRT."},
         {"9 is no word", "9", "0", "0", "1", "0", "", "", "", "", "NEM ÉRT."},
         {"two digits are no word", "12", "0", "0", "1", "0", "", "", "", "", "NEM ÉRT."},
@@ -176,19 +171,6 @@ TEST(GetDailyPrice, WordsAndMarks)
         EXPECT_EQ(row.cells[26], c.uj);
         EXPECT_EQ(row.cells[34], utf8ToCp1250(c.dot));
     }
-}
-
-TEST(GetDailyPrice, OtherColumnsTakeTheirFieldsUnchanged)
-{
-    FixedGroupState groups;
-    const DetailedRow row = rowOf(Product{}, groups);
-    EXPECT_EQ(row.cells[0], "AMLODIPIN 5 MG");
-    EXPECT_EQ(row.record, 42);
-    const std::pair<int, const char*> expected[] = {
-        {20, "210751477"}, {21, "42"}, {22, "_EU1/a"}, {23, "EU5"}, {24, "-"},        {27, "3"},
-        {28, "123456"},    {29, "7"},  {30, "8"},      {31, "9"},   {32, "napi 1x1"}, {33, "C08CA01"},
-    };
-    for (const auto& [column, text] : expected) EXPECT_EQ(row.cells[column], text) << "column " << column;
 }
 
 TEST(GetDailyPrice, ListingModeAndHideTtSkipProducts)
@@ -223,63 +205,6 @@ TEST(GetDailyPrice, ListingModeAndHideTtSkipProducts)
         const auto row = GetDailyPrice(product.lines(), 1, "X", c.mode, c.hide, groups);
         EXPECT_EQ(row.has_value(), c.listed);
     }
-    // The other kinds filter on their own id only.
-    Product product;
-    product.ids[1] = "22";
-    FixedGroupState groups;
-    groups.seen = {true, true, true};
-    groups.storedIds = {"", "22", "99"};
-    EXPECT_TRUE(GetDailyPrice(product.lines(), 1, "X", ListingMode::Increased, false, groups));
-    EXPECT_FALSE(GetDailyPrice(product.lines(), 1, "X", ListingMode::Highlighted, false, groups));
-}
-
-TEST(GetDailyPrice, BrokenBlocksGiveEmptyCellsNotCrashes)
-{
-    const std::vector<std::vector<std::string>> blocks = {
-        {},
-        {"C08CA-0103"},
-        {"C08CA-0103", "#ar"},
-        {"C08CA-0103", "#ar", "abc", "#ha"},
-        {"C08CA-0103", "#ha", ";;;;;;;;;;"},
-        {"C08CA-0103", "#ar", "1000", "#ha", "1,5;12"},
-    };
-    for (const auto& block : blocks) {
-        FixedGroupState groups;
-        const auto row = GetDailyPrice(block, 0, "", ListingMode::Plain, true, groups);
-        ASSERT_TRUE(row.has_value());
-        EXPECT_EQ(row->cells[21], "0");
-    }
-}
-
-TEST(RowBlockLines, ReadsUpToTheSupportLineAndCutsLines)
-{
-    testing::ScratchDirectory directory;
-    const std::string longSupport(1300, '7');
-    const std::string block0 = "C08CA-0103\r\nC08CA-01\r\n#ar\r\n" + std::string(300, '1') +
-                               "\r\n800\r\n#ha\r\n" + longSupport + "\r\n#ter\r\nnot read\r\n#vege\r\n";
-    const std::string block1 = "C08CA-0104 and a very long code line\r\n#vege\r\n";
-    const std::string block2 = "X01AA-0100\r\n#ar\r\n5\r\n#ha";  // the file ends on the marker
-    directory.write("gy.ful", block0 + block1 + block2);
-    directory.write("nevpos.dat",
-                    testing::positionRecord(0) + testing::positionRecord(static_cast<long>(block0.size())) +
-                        testing::positionRecord(static_cast<long>(block0.size() + block1.size())) +
-                        testing::positionRecord(999999));
-    DataFile gyful(directory.path() / "gy.ful");
-    DataFile nevpos(directory.path() / "nevpos.dat");
-    const auto first = rowBlockLines(gyful, nevpos, 0);
-    ASSERT_TRUE(first);
-    ASSERT_EQ(first->size(), 7u);
-    EXPECT_EQ((*first)[3].size(), 255u);
-    EXPECT_EQ((*first)[6].size(), 1254u);
-    const auto second = rowBlockLines(gyful, nevpos, 1);
-    ASSERT_TRUE(second);
-    EXPECT_EQ(*second, (std::vector<std::string>{"C08CA-0104 and a ve", "#vege"}));
-    const auto third = rowBlockLines(gyful, nevpos, 2);
-    ASSERT_TRUE(third);
-    EXPECT_EQ(third->back(), "#ha");
-    EXPECT_FALSE(rowBlockLines(gyful, nevpos, 3));  // offset past the end
-    EXPECT_FALSE(rowBlockLines(gyful, nevpos, 4));  // no record
-    EXPECT_FALSE(rowBlockLines(gyful, nevpos, -1));
 }
 
 }  // namespace
