@@ -25,15 +25,15 @@ void printMessages(const std::vector<Message>& messages)
 
 }  // namespace
 
-int runDetailed(const std::vector<std::string>& args)
+int runDetailed(const Invocation& call)
 {
-    const char* usage = "detailed DIR CODE [--mode N [--row R]] [--sort COL]";
-    if (args.size() < 2) return usageError(usage);
+    const auto& args = call.args;
+    if (args.size() < 2) return call.usageError();
     long long mode = 1, row = -1, sortColumn = -1;
     for (std::size_t i = 2; i < args.size(); i += 2) {
-        if (i + 1 >= args.size()) return usageError(usage);
+        if (i + 1 >= args.size()) return call.usageError();
         const auto value = numberArgument(args[i + 1]);
-        if (!value) return usageError(usage);
+        if (!value) return call.usageError();
         if (args[i] == "--mode" && *value >= 1 && *value <= 4)
             mode = *value;
         else if (args[i] == "--row" && *value >= 0)
@@ -41,35 +41,34 @@ int runDetailed(const std::vector<std::string>& args)
         else if (args[i] == "--sort" && *value >= 0 && *value < kDetailedColumnCount)
             sortColumn = *value;
         else
-            return usageError(usage);
+            return call.usageError();
     }
-    if (row >= 0 && mode == 1) return usageError(usage);
-    const auto tables = openDatabase(args[0]);
-    if (!tables) return 2;
-
-    DetailedList list(*tables);
-    list.setHideDeleted(readProfileString(settingsFilePath(tables->dataDirectory), kSettingsSection,
-                                          "TTNemKellLeirasba", "NEM", 80) == "IGEN");
-    const std::string code = atcFromInternational(args[1]);
-    if (row >= 0) {
-        printMessages(list.bFillSameAtc(code, ListingMode::Plain).messages);
-        printMessages(
-            list.fixedGroupClick(static_cast<SupportKind>(mode - 2), static_cast<int>(row)).messages);
-    } else {
-        printMessages(list.bFillSameAtc(code, static_cast<ListingMode>(mode)).messages);
-    }
-    if (sortColumn >= 0) {
-        if (auto error = list.RefLstColumnClick(static_cast<int>(sortColumn))) printMessages({*error});
-    }
-    for (const DetailedRow& detailedRow : list.rows()) {
-        std::string line;
-        for (int c = 0; c < kDetailedColumnCount; ++c) {
-            if (c > 0) line += '\t';
-            line += detailedRow.cells[static_cast<std::size_t>(c)];
+    if (row >= 0 && mode == 1) return call.usageError();
+    return withDatabase(args[0], [&](const StartupTables& tables) {
+        DetailedList list(tables);
+        list.setHideDeleted(readProfileString(settingsFilePath(tables.dataDirectory), kSettingsSection,
+                                              "TTNemKellLeirasba", "NEM", 80) == "IGEN");
+        const std::string code = atcFromInternational(args[1]);
+        if (row >= 0) {
+            printMessages(list.bFillSameAtc(code, ListingMode::Plain).messages);
+            printMessages(
+                list.fixedGroupClick(static_cast<SupportKind>(mode - 2), static_cast<int>(row)).messages);
+        } else {
+            printMessages(list.bFillSameAtc(code, static_cast<ListingMode>(mode)).messages);
         }
-        std::printf("%s\n", toUtf8(line).c_str());
-    }
-    return 0;
+        if (sortColumn >= 0) {
+            if (auto error = list.RefLstColumnClick(static_cast<int>(sortColumn))) printMessages({*error});
+        }
+        for (const DetailedRow& detailedRow : list.rows()) {
+            std::string line;
+            for (int c = 0; c < kDetailedColumnCount; ++c) {
+                if (c > 0) line += '\t';
+                line += detailedRow.cells[static_cast<std::size_t>(c)];
+            }
+            std::printf("%s\n", toUtf8(line).c_str());
+        }
+        return 0;
+    });
 }
 
 }  // namespace rovanel::cli

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "pricelist/ColumnWidths.h"
 #include "db/TreeFile.h"
+#include "pricelist/ColumnWidths.h"
 #include "pricelist/DetailedList.h"
 #include "views/forms/FormSupport.h"
 
