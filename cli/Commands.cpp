@@ -22,6 +22,8 @@ int runTitles(const Invocation& call);
 int runBnoCheck(const Invocation& call);
 int runBnoList(const Invocation& call);
 int runBnoFind(const Invocation& call);
+int runDetailed(const Invocation& call);
+int runRow(const Invocation& call);
 
 const std::vector<Command>& commands()
 {
@@ -42,6 +44,8 @@ const std::vector<Command>& commands()
         {"bno-check", "bno-check DIR FREEKEY FEEKEY CODE [--fee] [--source N]", runBnoCheck},
         {"bno-list", "bno-list DIR FREEKEY FEEKEY [--fee]", runBnoList},
         {"bno-find", "bno-find DIR TEXT [--list] [--ignore-case]", runBnoFind},
+        {"detailed", "detailed DIR CODE [--mode N [--row R]] [--sort COL]", runDetailed},
+        {"row", "row DIR P", runRow},
     };
     return table;
 }

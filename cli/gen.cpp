@@ -79,6 +79,13 @@ int runGen(const Invocation& call)
               p.commonSideEffectCode + ", " + std::to_string(p.commonSideEffectProducts) + " products");
     printCase("ingredient of 600 products", p.ingredient600, p.ingredient600Name);
     printCase("ingredient of 601 products", p.ingredient601, p.ingredient601Name);
+    const DetailedListCases& d = p.detailed;
+    printCase("detailed list: categories -33", d.minusCategories, d.groupCode);
+    printCase("detailed list: categories 333", d.allThreeGroups, d.groupCode);
+    printCase("detailed list: categories 333 in another substance", d.allThreeElsewhere, d.groupCode);
+    printCase("detailed list: highlighted id 0415", d.leadingZeroId, d.groupCode);
+    printCase("detailed list: increased support above the price", d.increasedAbovePrice, d.groupCode);
+    printCase("detailed list: every package TT", d.allTtGroup.empty() ? -1 : 0, d.allTtGroup);
     return 0;
 }
 

@@ -14,6 +14,7 @@
 #include <thread>
 #include <vector>
 
+#include "certs/PublicCareList.h"
 #include "db/DataFile.h"
 #include "db/DescriptionBuilder.h"
 #include "db/DrugSelection.h"
@@ -30,6 +31,7 @@
 #include "rx/BnoTree.h"
 #include "rx/PackageData.h"
 #include "rx/Qualification.h"
+#include "pricelist/DetailedList.h"
 #include "tests/support/TinyDatabase.h"
 
 namespace rovanel
@@ -203,6 +205,32 @@ std::string checkPrescriptionReaders(const std::filesystem::path& directory, con
         const auto package = packageData(tables, directory, record);
         if (package && package->titleFlags.size() != 11) return "Layout A flags not 11 characters";
     }
+// The detailed list of each probed group, sorted by every column, and the public-care list beside it.
+std::string checkDetailedList(const StartupTables& tables, const Probe& probe)
+{
+    DetailedList list(tables);
+    for (const std::int64_t node : probe.atcNodes) {
+        if (node < 0 || static_cast<std::size_t>(node) >= tables.atcGroupCodes.size()) continue;
+        const std::string code(tables.atcGroupCodes[static_cast<std::size_t>(node)]);
+        for (const bool hide : {false, true}) {
+            list.setHideDeleted(hide);
+            (void)list.bFillSameAtc(code, ListingMode::Plain);
+            if (list.rows().size() > static_cast<std::size_t>(kDetailedListLimit))
+                return "detailed list past 601 rows";
+            for (const DetailedRow& row : list.rows())
+                if (row.record < 0 || row.record >= tables.counts.products())
+                    return "detailed row outside the records";
+            for (int column = 0; column < kDetailedColumnCount; ++column)
+                (void)list.RefLstColumnClick(column);
+            (void)list.fixedGroupClick(SupportKind::Normative, 0);
+        }
+    }
+    if (const auto entries = readPublicCareList(tables.dataDirectory / "kgy.txt"))
+        for (const PublicCareEntry& entry : *entries)
+            if (entry.atcCode.size() + entry.ttt.size() + entry.name.size() + entry.form.size() +
+                    entry.ingredient.size() >
+                511)
+                return "public-care line longer than its buffer";
     return {};
 }
 
@@ -302,6 +330,7 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
     for (const std::int64_t node : probe.atcNodes)
         if (std::string broken = checkEngine(tables, probe, KhMode::AtcGroup, node); !broken.empty())
             return broken;
+    if (std::string broken = checkDetailedList(tables, probe); !broken.empty()) return broken;
     return checkSearches(tables, probe);
 }
 
@@ -356,6 +385,7 @@ TEST(CorruptionSweep, TinyDatabaseSurvivesEveryDamageToEveryFile)
 {
     ScratchDirectory database;
     testing::writeTinyDatabase(database);
+    database.write("kgy.txt", "C08CA-01;210751477;NAME;3;amlodipin \r\n");
     sweep(database, Probe{{0, 1, 2}, {1}, {-1, 0, 1, 2, 3, 1000}});
 }
 
@@ -364,6 +394,7 @@ TEST(CorruptionSweep, GeneratedDatabaseSurvivesEveryDamageToEveryFile)
     ScratchDirectory database;
     const auto planted = generateDatabase(database.path(), GeneratorOptions{300, 7});
     ASSERT_TRUE(planted);
+    database.write("kgy.txt", "C08CA-01;210751477;NAME;3;amlodipin \r\nA;;B\r\n");
     // The drugs with findings: an avoid pair, a careful pair, the contraindicated one and the drug whose
     // careful line is too long (last, so that the others are read before it stops the run).
     const Probe probe{{planted->avoidFirst, planted->avoidSecond, planted->carefulFirst,

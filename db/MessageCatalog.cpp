@@ -51,6 +51,8 @@ std::vector<std::string> messageCatalogLines()
         {msg::kMhNone, "Ehhez a mellékhatáshoz nem tartozik gyógyszer."},
         {msg::kMhCaption, "Mellékhatás keresés"},
         {msg::kMhNoneAmongTaken, "A szedett gyógyszerek közül egyik sem okozhatja ezt a mellékhatást."},
+        {msg::kRefTooManyRows, "A csoportba 600-nál több kiszerelés tartozik, csak az első 601 látszik!"},
+        {msg::kRefTooManyRowsCaption, "Részletes lista"},
     };
     for (const auto& [line, text] : texts) lines[line] = utf8ToCp1250(text);
     return lines;

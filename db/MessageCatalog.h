@@ -47,6 +47,8 @@ inline constexpr int kMhTooManyCaption = 145;
 inline constexpr int kMhNone = 146;
 inline constexpr int kMhCaption = 147;
 inline constexpr int kMhNoneAmongTaken = 149;
+inline constexpr int kRefTooManyRows = 150;  // the detailed list stops after 601 entries
+inline constexpr int kRefTooManyRowsCaption = 151;
 inline constexpr int kLineCount = 160;
 }  // namespace msg
 

@@ -52,6 +52,11 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
         // After the files one more segment: free key, fee key, BNO code, drug key, search text, quantity,
         // "OrvosSzakkep", one a line.
         {"prescription_fuzz", {"bnohr.dat", "tamttt.dat", "bno.tre", "szvhr.dat"}},
+        // The detailed list: a fill, every column's sort, a fixed-group listing, one row, and the
+        // public-care list reader. Parameters: ATC node, listing mode, hide TT, selected row, record.
+        {"detailed_fuzz",
+         {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat", "x.dat", "nevrend.dat", "nevpos.dat", "gy.ful",
+          "atcindin.dat", "atcind.dat", "kgy.txt"}},
     };
     return layouts;
 }

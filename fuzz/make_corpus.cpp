@@ -152,6 +152,16 @@ int main(int argc, char** argv)
                                               "EU903\n\nK2900\n900000006\nXX\nx2\n\n"})
                         writeSeed(folder, number++, input(parameters, layout.files, cut) + separator + probe);
                 }
+            } else if (layout.target == "detailed_fuzz") {
+                // ATC node, listing mode, hide TT, selected row, record; a public-care list beside.
+                Database withList = database;
+                withList["kgy.txt"] = "C08CA-01;210751477;NAME;3;amlodipin \r\nA;;B\r\n";
+                for (const std::string& parameters :
+                     {std::string("0 1 0 0 0"), std::string("1 2 1 1 1"), std::string("3 3 0 0 2"),
+                      std::to_string(cases.contraindicatedGroupNode) + " 1 0 0 " +
+                          std::to_string(cases.medicines),
+                      std::to_string(cases.atcGroups) + " 4 1 -1 -1"})
+                    writeSeed(folder, number++, input(parameters, layout.files, withList));
             } else if (layout.target == "ini_fuzz") {
                 if (const auto found = database.find("RV.INI"); found != database.end())
                     writeSeed(folder, number++,

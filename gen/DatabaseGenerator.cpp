@@ -48,6 +48,7 @@ std::optional<PlantedCases> generateDatabase(const std::filesystem::path& direct
     if (!generator.build(error) || !generator.write(directory, error)) return std::nullopt;
     if (!writePictures(directory, error)) return std::nullopt;
     if (!writePrescriptionFiles(directory, options.seed, error)) return std::nullopt;
+    if (!plantDetailedListCases(directory, generator.planted, error)) return std::nullopt;
     return generator.planted;
 }
 

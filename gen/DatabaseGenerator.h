@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+#include "gen/DetailedListCases.h"
+
 namespace rovanel
 {
 
@@ -54,6 +56,9 @@ struct PlantedCases {
     int commonSideEffectProducts = 0;
     std::int32_t ingredient600 = -1, ingredient601 = -1;  // harend2.dat lines (from 5,000 products on)
     std::string ingredient600Name, ingredient601Name;
+
+    // The detailed list's support lines and TT group (gen/DetailedListCases.h).
+    DetailedListCases detailed;
 };
 
 // Writes the database into `directory` (created when missing; existing files of the same names are

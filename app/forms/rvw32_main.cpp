@@ -10,6 +10,7 @@
 #include "app/forms/SingleInstance.h"
 #include "rx/forms/Rvbno.h"
 #include "rx/forms/Rvrp.h"
+#include "pricelist/forms/Rvref.h"
 #include "views/forms/Rvgykozos.h"
 #include "views/forms/Rvha.h"
 #include "views/forms/Rvkh.h"
@@ -63,6 +64,9 @@ int main(int argc, char** argv)
     });
     auto BnoForm = std::make_unique<TBnoForm>(std::filesystem::current_path());
     Main->attachWindow(TMain::Window::BnoForm, BnoForm.get());
+    auto RefForm = std::make_unique<TRefForm>(Main->state(), Main->registry());
+    Main->attachWindow(TMain::Window::RefForm, RefForm.get());
+    RefForm->setDescriptionViewer(showDescription);
 
     new SingleInstanceAnswer(Main.get());
     Main->show();

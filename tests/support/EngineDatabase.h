@@ -38,6 +38,7 @@ struct EngineProduct {
     std::string supportLine =
         "30;0;0;0;1--;-;2;1;0^1@210751477#-$-*-[3]0{0}0(0)-\xB3"
         "0@C08CA01";
+    std::string priceLines = "1000\r\n800";  // the lines between "#ar" and "#ha"
 };
 
 struct EngineDatabase {
@@ -98,7 +99,7 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
         nevpos += positionRecord(static_cast<long>(gyful.size()));
         std::string block = product.code + "\r\n";
         for (const auto& code : product.own) block += code + "\r\n";
-        block += "#ar\r\n1000\r\n800\r\n#ha\r\n" + product.supportLine +
+        block += "#ar\r\n" + product.priceLines + "\r\n#ha\r\n" + product.supportLine +
                  "\r\n#ter\r\n#jav\r\n#adag\r\n#bet\r\n#ell\r\n";
         for (const auto& code : product.contraindications) block += code + "\r\n";
         block += "#mh\r\n#ov\r\n";
