@@ -1,0 +1,53 @@
+#include "rx/PrintLayout.h"
+
+namespace rovanel
+{
+
+PrintLayout shiftedCopy(const PrintLayout& layout, int left, int top)
+{
+    PrintLayout copy = layout;
+    for (PrintPage& page : copy.pages) {
+        for (PrintItem& item : page.items) {
+            item.left += left;
+            item.top += top;
+        }
+    }
+    return copy;
+}
+
+const PrintItem* findItem(const PrintLayout& layout, std::string_view name)
+{
+    for (const PrintPage& page : layout.pages) {
+        for (const PrintItem& item : page.items) {
+            if (item.name == name) return &item;
+        }
+    }
+    return nullptr;
+}
+
+std::string spacedCharacters(std::string_view text)
+{
+    std::string spaced;
+    for (const char c : text) {
+        if (!spaced.empty()) spaced += ' ';
+        spaced += c;
+    }
+    return spaced;
+}
+
+std::vector<std::string_view> itemLines(std::string_view text)
+{
+    std::vector<std::string_view> lines;
+    std::size_t start = 0;
+    while (true) {
+        const std::size_t end = text.find('\n', start);
+        if (end == std::string_view::npos) {
+            lines.push_back(text.substr(start));
+            return lines;
+        }
+        lines.push_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+}
+
+}  // namespace rovanel
