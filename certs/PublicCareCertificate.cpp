@@ -160,9 +160,7 @@ PublicCareCertificate buildPublicCareCertificate(const std::optional<std::vector
         "Kijelentem, hogy az igazolásban feltüntetett gyógyító ellátásra vonatkozó szükséglet kizárólag a "
         "közgyógyellátást igénylő személy orvosi dokumentációjában igazolt kezelése alapján került "
         "megállapításra."));
-    std::string date(today.substr(0, std::min<std::size_t>(today.size(), 8)));
-    if (date.size() == 8) date = date.substr(0, 4) + "." + date.substr(4, 2) + "." + date.substr(6, 2) + ".";
-    line(date);
+    line(dottedDate(today));
     line("P. H.");
     line("...........................................");
     line(utf8("              háziorvos aláírása"));

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/IniFile.h"
+#include "db/AtcCode.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 #include "db/ProductIndex.h"
@@ -79,8 +80,11 @@ std::optional<Message> fillRecommendation(RecommendationGrids& grids, const Reco
     if (!names.isOpen())
         return Message{utf8("ATC file nyitás hiba."), utf8("Szakorvosi javaslat készítése"), {}};
     std::string ingredient = utf8("a hatoanyag");
-    for (std::size_t group = 0; group < atcGroupCodes.size(); ++group) {
-        if (atcGroupCodes[group] != handover.atcCode || handover.atcCode.empty()) continue;
+    const std::string code = atcFromInternational(handover.atcCode);
+    for (std::size_t group = 0; group < atcGroupCodes.size() && !code.empty(); ++group) {
+        std::string_view slot = atcGroupCodes[group];
+        while (!slot.empty() && slot.back() == ' ') slot.remove_suffix(1);
+        if (slot != code) continue;
         if (auto name = nameLine(names, static_cast<std::int64_t>(group)); name && !name->empty())
             ingredient = std::move(*name);
         break;

@@ -31,7 +31,7 @@ struct RecommendationGrids {
 struct RecommendationHandover {
     std::string bno;        // BetegBNO
     std::string titleText;  // the selected support title text ("90%  M1234567" or "100% K12345")
-    std::string atcCode;    // the drug's ATC code
+    std::string atcCode;    // the drug's ATC code, carried ("C08CA-01") or international ("C08CA01")
     std::string patientName, address1, address2, birthDate, taj;
 };
 

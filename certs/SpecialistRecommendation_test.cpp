@@ -19,7 +19,7 @@ struct Fixture {
     TextList groups;
     Fixture()
     {
-        for (const char* code : {"C", "C08", "C08CA", "C08CA01"}) groups.push_back(code);
+        for (const char* code : {"C", "C08", "C08CA-", "C08CA-01"}) groups.push_back(code);
         directory.write("atcnrend.dat", nameFileLine("Szív") + nameFileLine("Kalciumcsatorna-blokkolók") +
                                             nameFileLine("Dihidropiridinek") + nameFileLine("amlodipin"));
     }

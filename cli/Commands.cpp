@@ -15,6 +15,9 @@ int runSideEffect(const std::vector<std::string>& args);
 int runIngredient(const std::vector<std::string>& args);
 int runDescribe(const std::vector<std::string>& args);
 int runSameAtc(const std::vector<std::string>& args);
+int runPrintRx(const std::vector<std::string>& args);
+int runCertificate(const std::vector<std::string>& args);
+int runRecommendation(const std::vector<std::string>& args);
 
 const std::vector<Command>& commands()
 {
@@ -30,6 +33,12 @@ const std::vector<Command>& commands()
         {"ingredient", "ingredient DIR K", runIngredient},
         {"describe", "describe DIR P", runDescribe},
         {"same-atc", "same-atc DIR CODE [--by-name]", runSameAtc},
+        {"print-rx",
+         "print-rx INIFILE --format 0|1|2 [--left N --top N] [--title N] [--drug TEXT] ... [--pdf OUT]",
+         runPrintRx},
+        {"certificate", "certificate INIFILE LISTFILE [--date YYYYMMDD] [--pdf OUT]", runCertificate},
+        {"recommendation", "recommendation DIR INIFILE --atc CODE [--bno B] [--title TEXT] [--pdf OUT]",
+         runRecommendation},
     };
     return table;
 }

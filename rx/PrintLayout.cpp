@@ -1,5 +1,7 @@
 #include "rx/PrintLayout.h"
 
+#include <ctime>
+
 namespace rovanel
 {
 
@@ -33,6 +35,28 @@ std::string spacedCharacters(std::string_view text)
         spaced += c;
     }
     return spaced;
+}
+
+std::string todayDigits()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+#ifdef _WIN32
+    localtime_s(&local, &now);
+#else
+    localtime_r(&now, &local);
+#endif
+    char buffer[16];
+    std::strftime(buffer, sizeof buffer, "%Y%m%d", &local);
+    return buffer;
+}
+
+std::string dottedDate(std::string_view digits)
+{
+    if (digits.size() != 8 || digits.find_first_not_of("0123456789") != std::string_view::npos)
+        return std::string(digits);
+    return std::string(digits.substr(0, 4)) + "." + std::string(digits.substr(4, 2)) + "." +
+           std::string(digits.substr(6, 2)) + ".";
 }
 
 std::vector<std::string_view> itemLines(std::string_view text)

@@ -56,6 +56,11 @@ struct PrintLayout {
 // "12345678" gives "1 2 3 4 5 6 7 8". Bytes, so a Windows-1250 letter is one character.
 [[nodiscard]] std::string spacedCharacters(std::string_view text);
 
+// Today's local date as "yyyyMMdd".
+[[nodiscard]] std::string todayDigits();
+// "yyyyMMdd" written as "yyyy.MM.dd."; any other text as it stands.
+[[nodiscard]] std::string dottedDate(std::string_view digits);
+
 // The lines of an item's text (split at "\n"; an empty text is one empty line).
 [[nodiscard]] std::vector<std::string_view> itemLines(std::string_view text);
 
