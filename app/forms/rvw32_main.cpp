@@ -8,6 +8,8 @@
 
 #include "app/forms/Rvmain.h"
 #include "app/forms/SingleInstance.h"
+#include "certs/forms/Kgy.h"
+#include "certs/forms/Szakjav.h"
 #include "views/forms/Rvgykozos.h"
 #include "views/forms/Rvha.h"
 #include "views/forms/Rvkh.h"
@@ -52,6 +54,10 @@ int main(int argc, char** argv)
     auto Mh = std::make_unique<TMh>(Main->state());
     Main->attachWindow(TMain::Window::Mh, Mh.get());
     Mh->setDescriptionViewer(showDescription);
+    auto KgyForm = std::make_unique<TKgyForm>(Main->state());
+    Main->attachWindow(TMain::Window::KgyForm, KgyForm.get());
+    auto szj = std::make_unique<Tszj>(Main->state());
+    Main->attachWindow(TMain::Window::szj, szj.get());
 
     new SingleInstanceAnswer(Main.get());
     Main->show();
