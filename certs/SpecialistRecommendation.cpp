@@ -132,7 +132,7 @@ PrintLayout recommendationLayout(const RecommendationGrids& grids, std::string_v
 {
     static constexpr std::array<const char*, 9> kFieldPrefixes = {"bno",  "ha",  "he",  "bm", "ad",
                                                                   "tksz", "tkp", "tmp", "jav"};
-    static constexpr std::array<int, 9> kColumnLefts = {40, 100, 230, 330, 430, 540, 610, 680, 740};
+    static constexpr std::array<int, 9> kColumnLefts = {30, 80, 200, 290, 380, 480, 545, 615, 700};
     struct Label {
         const char* name;
         int left, top;
@@ -152,21 +152,21 @@ PrintLayout recommendationLayout(const RecommendationGrids& grids, std::string_v
         {"LOrvCim", 60, 290, "munkahely címe", 10, false},
         {"LOrvTel", 60, 330, "munkahely telefonszám", 10, false},
         {"LOrvEng", 60, 350, "működési engedély száma", 10, false},
-        {"LBno", 40, 400, "BNO", 8, true},
-        {"LJavGy", 100, 400, "Javasolt gyógyszer", 8, true},
-        {"LTamKat", 540, 400, "Támogatási kategória", 8, true},
-        {"LJav", 740, 400, "Javaslat", 8, true},
-        {"LHa", 100, 415, "hatóanyaga", 8, false},
-        {"LHe", 230, 415, "hatáserőssége", 8, false},
-        {"LBm", 330, 415, "beviteli módja", 8, false},
-        {"LAd", 430, 415, "adagolása", 8, false},
-        {"LEmelt", 540, 415, "Emelt - EÜ. tér. köt", 8, false},
-        {"LKiemelt", 680, 415, "Kiemelt - 100%", 8, false},
-        {"LIdo", 740, 415, "időtartama", 8, false},
-        {"LKod", 40, 430, "kód", 8, false},
-        {"LTamMert", 540, 430, "tám. mért.", 8, false},
-        {"LTkp", 610, 430, "ind. pont", 8, false},
-        {"LTmp", 680, 430, "ind. pont", 8, false},
+        {"LBno", 30, 400, "BNO", 7, true},
+        {"LJavGy", 80, 400, "Javasolt gyógyszer", 7, true},
+        {"LTamKat", 480, 400, "Támogatási kategória", 7, true},
+        {"LJav", 700, 400, "Javaslat", 7, true},
+        {"LHa", 80, 415, "hatóanyaga", 7, false},
+        {"LHe", 200, 415, "hatáserőssége", 7, false},
+        {"LBm", 290, 415, "beviteli módja", 7, false},
+        {"LAd", 380, 415, "adagolása", 7, false},
+        {"LEmelt", 480, 415, "Emelt - EÜ. tér. köt", 7, false},
+        {"LKiemelt", 615, 415, "Kiemelt - 100%", 7, false},
+        {"LIdo", 700, 415, "időtartama", 7, false},
+        {"LKod", 30, 430, "kód", 7, false},
+        {"LTamMert", 480, 430, "tám. mért.", 7, false},
+        {"LTkp", 545, 430, "ind. pont", 7, false},
+        {"LTmp", 615, 430, "ind. pont", 7, false},
         {"LAlairas", 430, 640, "...........................................", 10, false},
         {"LAlairasSzoveg", 250, 660,
          "Orvos saját kezű aláírása, valamint az orvosi bélyegző azonosítható lenyomata", 8, false},
@@ -191,11 +191,11 @@ PrintLayout recommendationLayout(const RecommendationGrids& grids, std::string_v
         for (const Label& label : kLabels)
             items.push_back({label.name, label.left, label.top, utf8(label.text), label.points, label.bold});
         const Field fields[] = {
-            {"Betnev", 250, 125, grids.bg[0][1]},     {"BetTaj", 250, 145, grids.bg[4][1]},
-            {"BetSzulDat", 250, 165, grids.bg[3][1]}, {"BetCim1", 250, 185, grids.bg[1][1]},
-            {"BetCim2", 250, 205, grids.bg[2][1]},    {"OrvNev", 250, 270, grids.og[0][1]},
-            {"OrvCim1", 250, 290, grids.og[1][1]},    {"OrvCim2", 250, 310, grids.og[2][1]},
-            {"OrvTel", 250, 330, grids.og[3][1]},     {"OrvEng", 250, 350, grids.og[4][1]},
+            {"Betnev", 280, 125, grids.bg[0][1]},     {"BetTaj", 280, 145, grids.bg[4][1]},
+            {"BetSzulDat", 280, 165, grids.bg[3][1]}, {"BetCim1", 280, 185, grids.bg[1][1]},
+            {"BetCim2", 280, 205, grids.bg[2][1]},    {"OrvNev", 280, 270, grids.og[0][1]},
+            {"OrvCim1", 280, 290, grids.og[1][1]},    {"OrvCim2", 280, 310, grids.og[2][1]},
+            {"OrvTel", 280, 330, grids.og[3][1]},     {"OrvEng", 280, 350, grids.og[4][1]},
         };
         for (const Field& field : fields)
             items.push_back({field.name, field.left, field.top, field.value, 10, false});
@@ -204,7 +204,7 @@ PrintLayout recommendationLayout(const RecommendationGrids& grids, std::string_v
             for (std::size_t column = 0; column < kFieldPrefixes.size(); ++column) {
                 items.push_back({kFieldPrefixes[column] + std::to_string(line), kColumnLefts[column],
                                  430 + static_cast<int>(line) * 25,
-                                 row < grids.gg.size() ? grids.gg[row][column] : std::string(), 8, false});
+                                 row < grids.gg.size() ? grids.gg[row][column] : std::string(), 7, false});
             }
         }
         items.push_back({"Datum", 60, 580, std::string(date), 10, false});

@@ -100,16 +100,16 @@ TEST(RvcliRecommendation, FillsFromTheDatabaseAndPrintsThePage)
                              " --atc C08CA01 --bno I1000 --title \"90%  EU1234\" --date 2026.11.23.");
     EXPECT_EQ(items.exitCode, 0);
     for (const char* line :
-         {"1\tBetnev\t250\t125\tKiss Eva\n", "1\tOrvNev\t250\t270\tDr. Szabo\n",
-          "1\tOrvTel\t250\t330\tKITÖLTENDŐ\n", "1\tha1\t100\t455\tamlodipin\n", "1\ttksz1\t540\t455\t90%\n",
-          "1\ttkp1\t610\t455\tEU1234\n", "1\tbno2\t40\t480\t\n", "1\tDatum\t60\t580\t2026.11.23.\n"})
+         {"1\tBetnev\t280\t125\tKiss Eva\n", "1\tOrvNev\t280\t270\tDr. Szabo\n",
+          "1\tOrvTel\t280\t330\tKITÖLTENDŐ\n", "1\tha1\t80\t455\tamlodipin\n", "1\ttksz1\t480\t455\t90%\n",
+          "1\ttkp1\t545\t455\tEU1234\n", "1\tbno2\t30\t480\t\n", "1\tDatum\t60\t580\t2026.11.23.\n"})
         EXPECT_NE(items.out.find(line), std::string::npos) << line;
 
     const std::string pdf = (scratch.path() / "r.pdf").string();
     ASSERT_EQ(rvcli("recommendation " + directory + " " + ini + " --atc C08CA01 --pdf " + pdf).exitCode, 0);
     const auto words = pdfWords(pdf);
-    EXPECT_EQ(textAt(words, mm(250), mm(125)), "Kiss Eva");
-    EXPECT_EQ(textAt(words, mm(100), mm(455)), "amlodipin");
+    EXPECT_EQ(textAt(words, mm(280), mm(125)), "Kiss Eva");
+    EXPECT_EQ(textAt(words, mm(80), mm(455)), "amlodipin");
 
     scratch.remove("beteg.ini");
     const auto missing =

@@ -131,11 +131,11 @@ void TestSzakjav::printedPageHoldsTheGridsAsEditedAtTheirPlaces()
         return QString::fromStdString(rovanel::testing::textAt(
             words, left * rovanel::kMillimetresPerLayoutUnit, top * rovanel::kMillimetresPerLayoutUnit));
     };
-    QCOMPARE(at(250, 125), QStringLiteral("Kiss Éva"));
-    QCOMPARE(at(250, 270), QStringLiteral("Dr. Szabo"));
-    QCOMPARE(at(100, 455), QStringLiteral("amlodipin"));
-    QCOMPARE(at(230, 455), QStringLiteral("5 mg"));
-    QCOMPARE(at(540, 455), QStringLiteral("90%"));
+    QCOMPARE(at(280, 125), QStringLiteral("Kiss Éva"));
+    QCOMPARE(at(280, 270), QStringLiteral("Dr. Szabo"));
+    QCOMPARE(at(80, 455), QStringLiteral("amlodipin"));
+    QCOMPARE(at(200, 455), QStringLiteral("5 mg"));
+    QCOMPARE(at(480, 455), QStringLiteral("90%"));
     QCOMPARE(at(60, 40), QStringLiteral("Szakorvosi javaslat támogatással történő gyógyszerrendeléshez"));
 }
 
