@@ -9,11 +9,10 @@
 namespace rovanel::cli
 {
 
-int runCertificate(const std::vector<std::string>& args)
+int runCertificate(const Invocation& call)
 {
-    const auto arguments = parsePrintArguments(args, {"--date", "--pdf"}, {});
-    if (!arguments || arguments->positional.size() != 2)
-        return usageError("certificate INIFILE LISTFILE [--date YYYYMMDD] [--pdf OUT]");
+    const auto arguments = parsePrintArguments(call.args, {"--date", "--pdf"}, {});
+    if (!arguments || arguments->positional.size() != 2) return call.usageError();
     const auto date = arguments->values.find("--date");
     const PublicCareCertificate certificate =
         buildPublicCareCertificate(arguments->positional[1], arguments->positional[0],

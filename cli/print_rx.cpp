@@ -12,24 +12,15 @@
 namespace rovanel::cli
 {
 
-namespace
-{
-
-constexpr const char* kUsage =
-    "print-rx INIFILE --format 0|1|2 [--left N --top N] [--title N] [--drug TEXT] [--quantity Q] "
-    "[--latin L] [--package WORD] [--ds TEXT] [--date YYYYMMDD] [--copy] [--not-substitutable] [--pdf OUT]";
-
-}  // namespace
-
-int runPrintRx(const std::vector<std::string>& args)
+int runPrintRx(const Invocation& call)
 {
     const auto arguments =
-        parsePrintArguments(args,
+        parsePrintArguments(call.args,
                             {"--format", "--left", "--top", "--title", "--drug", "--quantity", "--latin",
                              "--package", "--ds", "--date", "--pdf"},
                             {"--copy", "--not-substitutable"});
     if (!arguments || arguments->positional.size() != 1 || !arguments->values.count("--format"))
-        return usageError(kUsage);
+        return call.usageError();
     const auto number = [&arguments](const char* option, long long fallback) -> std::optional<long long> {
         const auto found = arguments->values.find(option);
         if (found == arguments->values.end()) return fallback;
@@ -37,8 +28,7 @@ int runPrintRx(const std::vector<std::string>& args)
     };
     const auto format = number("--format", 0);
     const auto title = number("--title", 0);
-    if (!format || *format < 0 || *format > 2 || !title || *title < 0 || *title > 9)
-        return usageError(kUsage);
+    if (!format || *format < 0 || *format > 2 || !title || *title < 0 || *title > 9) return call.usageError();
     const auto text = [&arguments](const char* option) {
         const auto found = arguments->values.find(option);
         return found == arguments->values.end() ? std::string() : utf8ToCp1250(found->second);
@@ -82,7 +72,7 @@ int runPrintRx(const std::vector<std::string>& args)
     const auto topValue = number("--top", *top);
     if (!leftValue || !topValue || *leftValue < -10000 || *leftValue > 10000 || *topValue < -10000 ||
         *topValue > 10000)
-        return usageError(kUsage);
+        return call.usageError();
     *left = static_cast<int>(*leftValue);
     *top = static_cast<int>(*topValue);
     return outputLayout(printedPrescription(rxFormat, input, margins), *arguments);

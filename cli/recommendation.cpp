@@ -12,14 +12,12 @@
 namespace rovanel::cli
 {
 
-int runRecommendation(const std::vector<std::string>& args)
+int runRecommendation(const Invocation& call)
 {
-    const auto arguments = parsePrintArguments(args, {"--atc", "--bno", "--title", "--date", "--pdf"}, {});
+    const auto arguments =
+        parsePrintArguments(call.args, {"--atc", "--bno", "--title", "--date", "--pdf"}, {});
     if (!arguments || arguments->positional.size() != 2 || !arguments->values.count("--atc"))
-        return usageError(
-            "recommendation DIR INIFILE --atc CODE [--bno B] [--title TEXT] [--date D] [--pdf OUT]");
-    const auto tables = openDatabase(arguments->positional[0]);
-    if (!tables) return 2;
+        return call.usageError();
     const std::filesystem::path ini = arguments->positional[1];
     const auto value = [&arguments](const char* option) {
         const auto found = arguments->values.find(option);
@@ -35,12 +33,15 @@ int runRecommendation(const std::vector<std::string>& args)
     handover.address2 = patient("Beteg cim2");
     handover.birthDate = patient("Beteg szul");
     handover.taj = patient("Beteg TAJ");
-    RecommendationGrids grids;
-    if (const auto message =
-            fillRecommendation(grids, handover, arguments->positional[0], tables->atcGroupCodes, ini))
-        std::fprintf(stderr, "%s\n", toUtf8(message->text).c_str());
-    const std::string date = arguments->values.count("--date") ? value("--date") : dottedDate(todayDigits());
-    return outputLayout(recommendationLayout(grids, date), *arguments);
+    return withDatabase(arguments->positional[0], [&](StartupTables& tables) {
+        RecommendationGrids grids;
+        if (const auto message =
+                fillRecommendation(grids, handover, arguments->positional[0], tables.atcGroupCodes, ini))
+            std::fprintf(stderr, "%s\n", toUtf8(message->text).c_str());
+        const std::string date =
+            arguments->values.count("--date") ? value("--date") : dottedDate(todayDigits());
+        return outputLayout(recommendationLayout(grids, date), *arguments);
+    });
 }
 
 }  // namespace rovanel::cli
