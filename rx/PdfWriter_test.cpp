@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "db/Cp1250.h"
-#include "rx/RxPrintLayout.h"
 #include "tests/support/PdfWords.h"
 #include "tests/support/ScratchDirectory.h"
 
@@ -14,45 +13,6 @@ namespace
 
 using testing::pdfWords;
 using testing::textAt;
-
-// Every item of a prescription printed as PDF stands, read back by poppler, within 1 mm of its place.
-TEST(PdfWriter, PrescriptionValuesStandInTheirBoxesOfEveryFormat)
-{
-    RxPrintInput input;
-    input.patientName = utf8ToCp1250("Kovács Dezső");
-    input.taj = "987654321";
-    input.bno = "J4500";
-    input.date = "20261123";
-    input.title = 4;
-    input.notSubstitutable = true;
-    input.copy = true;
-    input.drugName = "Algopyrin 500 mg";
-    input.specialistStamp = "12345";
-    input.serialNumber = "AB1234567";
-    const RxMargins margins{-12, 20, 100, -5, 655, 8};
-    testing::ScratchDirectory directory;
-    for (const RxFormat format : {RxFormat::Old, RxFormat::NewUpright, RxFormat::NewSideways}) {
-        SCOPED_TRACE(static_cast<int>(format));
-        const PrintLayout layout = printedPrescription(format, input, margins);
-        const auto file = directory.path() / "rx.pdf";
-        ASSERT_FALSE(writePdf(file, layout));
-        const auto words = pdfWords(file);
-        ASSERT_FALSE(words.empty()) << "pdftotext (poppler-utils) is needed";
-        int checked = 0;
-        for (const PrintItem& item : layout.pages[0].items) {
-            const std::string first(itemLines(item.text)[0]);
-            if (first.find_first_not_of(' ') == std::string::npos) continue;
-            SCOPED_TRACE(item.name);
-            const std::string expected = cp1250ToUtf8(first.substr(first.find_first_not_of(' ')));
-            const double left = (item.left + (first.find_first_not_of(' ') * item.fontPoints * 0.6 / 0.75)) *
-                                kMillimetresPerLayoutUnit;
-            const std::string found = textAt(words, left, item.top * kMillimetresPerLayoutUnit);
-            EXPECT_EQ(found.substr(0, expected.size()), expected);
-            ++checked;
-        }
-        EXPECT_GE(checked, 8);
-    }
-}
 
 TEST(PdfWriter, SidewaysPagesAreLandscapeA4AndEveryPageIsWritten)
 {
