@@ -24,6 +24,9 @@ int runBnoList(const Invocation& call);
 int runBnoFind(const Invocation& call);
 int runDetailed(const Invocation& call);
 int runRow(const Invocation& call);
+int runPrintRx(const Invocation& call);
+int runCertificate(const Invocation& call);
+int runRecommendation(const Invocation& call);
 
 const std::vector<Command>& commands()
 {
@@ -46,6 +49,12 @@ const std::vector<Command>& commands()
         {"bno-find", "bno-find DIR TEXT [--list] [--ignore-case]", runBnoFind},
         {"detailed", "detailed DIR CODE [--mode N [--row R]] [--sort COL]", runDetailed},
         {"row", "row DIR P", runRow},
+        {"print-rx",
+         "print-rx INIFILE --format 0|1|2 [--left N --top N] [--title N] [--drug TEXT] ... [--pdf OUT]",
+         runPrintRx},
+        {"certificate", "certificate INIFILE LISTFILE [--date YYYYMMDD] [--pdf OUT]", runCertificate},
+        {"recommendation", "recommendation DIR INIFILE --atc CODE [--bno B] [--title TEXT] [--pdf OUT]",
+         runRecommendation},
     };
     return table;
 }

@@ -11,6 +11,8 @@
 #include "rx/forms/Rvbno.h"
 #include "rx/forms/Rvrp.h"
 #include "pricelist/forms/Rvref.h"
+#include "certs/forms/Kgy.h"
+#include "certs/forms/Szakjav.h"
 #include "views/forms/Rvgykozos.h"
 #include "views/forms/Rvha.h"
 #include "views/forms/Rvkh.h"
@@ -67,6 +69,10 @@ int main(int argc, char** argv)
     auto RefForm = std::make_unique<TRefForm>(Main->state(), Main->registry());
     Main->attachWindow(TMain::Window::RefForm, RefForm.get());
     RefForm->setDescriptionViewer(showDescription);
+    auto KgyForm = std::make_unique<TKgyForm>(Main->state());
+    Main->attachWindow(TMain::Window::KgyForm, KgyForm.get());
+    auto szj = std::make_unique<Tszj>(Main->state());
+    Main->attachWindow(TMain::Window::szj, szj.get());
 
     new SingleInstanceAnswer(Main.get());
     Main->show();

@@ -1,0 +1,99 @@
+// The words of a PDF file with their boxes, as poppler's `pdftotext -bbox` reads them, for tests that
+// check where printed values stand. Positions in millimetres from the page's top-left corner.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace rovanel::testing
+{
+
+struct PdfWord {
+    std::string text;  // UTF-8
+    double left = 0, top = 0, right = 0, bottom = 0;
+    int page = 0;  // 1-based
+};
+
+inline std::string unescapeHtml(std::string text)
+{
+    const std::pair<const char*, const char*> entities[] = {{"&lt;", "<"},   {"&gt;", ">"},  {"&quot;", "\""},
+                                                            {"&apos;", "'"}, {"&#39;", "'"}, {"&amp;", "&"}};
+    for (const auto& [entity, character] : entities) {
+        for (std::size_t at = text.find(entity); at != std::string::npos; at = text.find(entity, at + 1))
+            text.replace(at, std::string(entity).size(), character);
+    }
+    return text;
+}
+
+// Every word of every page; empty when pdftotext is missing or fails.
+inline std::vector<PdfWord> pdfWords(const std::filesystem::path& pdf)
+{
+    const std::string command = "pdftotext -bbox '" + pdf.string() + "' - 2>/dev/null";
+    std::string html;
+    if (FILE* pipe = ::popen(command.c_str(), "r")) {
+        char buffer[4096];
+        std::size_t got = 0;
+        while ((got = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) html.append(buffer, got);
+        ::pclose(pipe);
+    }
+    constexpr double kMillimetresPerPoint = 25.4 / 72.0;
+    std::vector<PdfWord> words;
+    int page = 0;
+    for (std::size_t at = 0; at < html.size();) {
+        const std::size_t pageAt = html.find("<page", at);
+        const std::size_t wordAt = html.find("<word", at);
+        if (wordAt == std::string::npos) break;
+        if (pageAt != std::string::npos && pageAt < wordAt) {
+            ++page;
+            at = pageAt + 5;
+            continue;
+        }
+        PdfWord word;
+        word.page = page;
+        const auto attribute = [&](const char* name) {
+            const std::size_t from = html.find(std::string(name) + "=\"", wordAt);
+            return from == std::string::npos ? 0.0
+                                             : std::atof(html.c_str() + from + std::string(name).size() + 2);
+        };
+        word.left = attribute("xMin") * kMillimetresPerPoint;
+        word.top = attribute("yMin") * kMillimetresPerPoint;
+        word.right = attribute("xMax") * kMillimetresPerPoint;
+        word.bottom = attribute("yMax") * kMillimetresPerPoint;
+        const std::size_t textStart = html.find('>', wordAt) + 1;
+        const std::size_t textEnd = html.find("</word>", textStart);
+        word.text = unescapeHtml(html.substr(textStart, textEnd - textStart));
+        words.push_back(word);
+        at = textEnd;
+    }
+    return words;
+}
+
+// The words of one line that start at (left, top), within `tolerance` mm, joined by blanks: the first
+// word there and each following word that starts less than 3 mm after the previous one ends. Values
+// printed close after one another on a line join as well, so tests compare the beginning.
+inline std::string textAt(const std::vector<PdfWord>& words, double left, double top, int page = 1,
+                          double tolerance = 1.0)
+{
+    std::vector<const PdfWord*> line;
+    for (const PdfWord& word : words) {
+        if (word.page == page && std::fabs(word.top - top) <= tolerance && word.left >= left - tolerance)
+            line.push_back(&word);
+    }
+    std::sort(line.begin(), line.end(), [](const PdfWord* a, const PdfWord* b) { return a->left < b->left; });
+    std::string text;
+    const PdfWord* previous = nullptr;
+    for (const PdfWord* word : line) {
+        if (!previous && std::fabs(word->left - left) > tolerance) return {};
+        if (previous && word->left - previous->right >= 3.0) break;
+        text += (previous ? " " : "") + word->text;
+        previous = word;
+    }
+    return text;
+}
+
+}  // namespace rovanel::testing
