@@ -15,6 +15,8 @@ int runSideEffect(const std::vector<std::string>& args);
 int runIngredient(const std::vector<std::string>& args);
 int runDescribe(const std::vector<std::string>& args);
 int runSameAtc(const std::vector<std::string>& args);
+int runCheckUpdate(const std::vector<std::string>& args);
+int runRefresh(const std::vector<std::string>& args);
 
 const std::vector<Command>& commands()
 {
@@ -30,6 +32,8 @@ const std::vector<Command>& commands()
         {"ingredient", "ingredient DIR K", runIngredient},
         {"describe", "describe DIR P", runDescribe},
         {"same-atc", "same-atc DIR CODE [--by-name]", runSameAtc},
+        {"check-update", "check-update URL ZARAS_LINE1 [--proxy HOST:PORT]", runCheckUpdate},
+        {"refresh", "refresh DATADIR UPDATEDIR [--dry-run]", runRefresh},
     };
     return table;
 }
