@@ -14,6 +14,7 @@
 #include <thread>
 #include <vector>
 
+#include "app/DatabaseRefresh.h"
 #include "db/DataFile.h"
 #include "db/DescriptionBuilder.h"
 #include "db/DrugSelection.h"
@@ -261,6 +262,9 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
     for (const std::int64_t node : probe.atcNodes)
         if (std::string broken = checkEngine(tables, probe, KhMode::AtcGroup, node); !broken.empty())
             return broken;
+    // The database refresh reads ZARAS.INF: the database against itself is never newer.
+    if (const RefreshCheck refresh = checkRefresh(directory, ""); refresh.newer || !refresh.files.empty())
+        return "refresh found the database newer than itself";
     return checkSearches(tables, probe);
 }
 

@@ -48,6 +48,9 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
         {"registry_fuzz", {"registry.ini"}},
         // The tree-file parser on one file's content (atcnren2.dat and the like); no parameters.
         {"treefile_fuzz", {}},
+        // The update notice reply and the two ZARAS.INF files of a refresh; no parameters. Segments: the
+        // reply, the data directory's ZARAS.INF, the update directory's.
+        {"update_fuzz", {}},
     };
     return layouts;
 }
