@@ -8,6 +8,7 @@
 
 #include "app/RegistrySettings.h"
 #include "app/UpdateNotice.h"
+#include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
 #include "views/forms/FormSupport.h"
 
@@ -23,6 +24,7 @@ TMsgDlg::TMsgDlg(rovanel::RegistryStore& registry, QWidget* parent) : QWidget(pa
     setObjectName("MsgDlg");
     setWindowTitle(QString::fromUtf8("Új adatbázis elérhető"));
     resize(410, 276);
+    setHelpContext(this, 110);
 
     auto* panel = new QWidget(this);
     panel->setObjectName("Panel1");

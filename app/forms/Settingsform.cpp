@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "app/RegistrySettings.h"
+#include "app/forms/Help.h"
 #include "app/forms/Rvmain.h"
 #include "app/forms/ShowMessage.h"
 #include "app/forms/UpgradeCheck.h"
@@ -37,6 +38,7 @@ TRvSettings::TRvSettings(TMain& main, rovanel::RegistryStore& registry, QWidget*
     setObjectName("RvSettings");
     setWindowTitle(QString::fromUtf8("Rovanel beállítások"));
     resize(445, 576);
+    setHelpContext(this, 110);
 
     auto* panel = new QWidget(this);
     panel->setObjectName("Panel1");
