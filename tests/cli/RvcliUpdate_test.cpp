@@ -19,13 +19,11 @@ namespace
 using testing::rvcli;
 using testing::ScratchDirectory;
 
-// Answers every connection with `reply` (none: reads and stays silent until stopped), and keeps the
-// first line of the last request.
+// Answers every connection with `reply` and keeps the first line of the last request.
 class LoopbackServer
 {
 public:
-    explicit LoopbackServer(std::string reply, bool silent = false)
-        : m_reply(std::move(reply)), m_silent(silent)
+    explicit LoopbackServer(std::string reply) : m_reply(std::move(reply))
     {
         m_socket = ::socket(AF_INET, SOCK_STREAM, 0);
         sockaddr_in address{};
@@ -66,18 +64,12 @@ private:
                 request.append(buffer, static_cast<std::size_t>(got));
             }
             requestLine = request.substr(0, request.find("\r\n"));
-            if (m_silent) {
-                while (!m_stopping && ::recv(client, buffer, sizeof buffer, 0) > 0) {
-                }
-            } else {
-                (void)::send(client, m_reply.data(), m_reply.size(), MSG_NOSIGNAL);
-            }
+            (void)::send(client, m_reply.data(), m_reply.size(), MSG_NOSIGNAL);
             ::close(client);
         }
     }
 
     std::string m_reply;
-    bool m_silent;
     int m_socket = -1;
     int m_port = 0;
     std::atomic<bool> m_stopping{false};
@@ -91,57 +83,40 @@ std::string ok(const std::string& body)
 
 TEST(RvcliCheckUpdate, PrintsTheThreeLinesAndWhetherTheyAnnounceANewerDatabase)
 {
-    struct Case {
+    const std::string notice = "20261201\r\n2026.12.01\r\nwww.rovanel.hu\r\n";
+    const std::string lines = "line 1: 20261201\nline 2: 2026.12.01\nline 3: www.rovanel.hu\n";
+    const struct {
         const char* what;
         std::string reply;
-        const char* local;
+        std::string arguments;  // after the address
         int exitCode;
         std::string out;
-    };
-    const std::string notice = "20261201\r\n2026.12.01\r\nwww.rovanel.hu\r\n";
-    const Case cases[] = {
-        {"newer", ok(notice), "20261101", 0,
-         "line 1: 20261201\nline 2: 2026.12.01\nline 3: www.rovanel.hu\nnewer\n"},
-        {"equal", ok(notice), "20261201", 0,
-         "line 1: 20261201\nline 2: 2026.12.01\nline 3: www.rovanel.hu\nnot newer\n"},
-        {"empty", ok(""), "", 0, "line 1: \nline 2: \nline 3: \nnot newer\n"},
-        {"404", "HTTP/1.0 404 Not Found\r\n\r\nnincs", "20261101", 1,
+    } cases[] = {
+        {"newer", ok(notice), "20261101", 0, lines + "newer\n"},
+        {"equal", ok(notice), "20261201", 0, lines + "not newer\n"},
+        {"empty", ok(""), "''", 0, "line 1: \nline 2: \nline 3: \nnot newer\n"},
+        {"404", "HTTP/1.0 404 Not Found\r\n\r\nnincs", "1", 1,
          "rvcli: Hiba: 127.0.0.1 nem érhető el. (HTTP status 404)\n"},
-        {"not HTTP", "garbage", "20261101", 1, "rvcli: Hiba: 127.0.0.1 nem érhető el. (no HTTP reply)\n"},
+        {"not HTTP", "garbage", "1", 1, "rvcli: Hiba: 127.0.0.1 nem érhető el. (no HTTP reply)\n"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         LoopbackServer server(c.reply);
-        const auto run = rvcli("check-update " + server.url() + " '" + c.local + "'", true);
+        const auto run = rvcli("check-update " + server.url() + " " + c.arguments, true);
         EXPECT_EQ(run.exitCode, c.exitCode);
         EXPECT_EQ(run.out, c.out);
         EXPECT_EQ(server.requestLine, "GET /rvupg.ini HTTP/1.0");
     }
-}
 
-TEST(RvcliCheckUpdate, ProxyGetsTheWholeAddressAndDeadServersEndTheCheck)
-{
-    LoopbackServer proxy(ok("20261201\r\n2026.12.01\r\nwww.rovanel.hu\r\n"));
-    const auto viaProxy =
-        rvcli("check-update http://frissites.rovanel.invalid/rvupg.ini 20261101 --proxy 127.0.0.1:" +
-              std::to_string(proxy.port()));
-    EXPECT_EQ(viaProxy.exitCode, 0);
+    LoopbackServer proxy(ok(notice));
+    EXPECT_EQ(rvcli("check-update http://frissites.rovanel.invalid/rvupg.ini 1 --proxy 127.0.0.1:" +
+                    std::to_string(proxy.port()))
+                  .exitCode,
+              0);
     EXPECT_EQ(proxy.requestLine, "GET http://frissites.rovanel.invalid/rvupg.ini HTTP/1.0");
-
-    int closedPort = 0;
-    {
-        LoopbackServer gone("");
-        closedPort = gone.port();
-    }
-    const auto refused =
-        rvcli("check-update http://127.0.0.1:" + std::to_string(closedPort) + "/rvupg.ini 1", true);
-    EXPECT_EQ(refused.exitCode, 1);
-    EXPECT_EQ(refused.out, "rvcli: Hiba: 127.0.0.1 nem érhető el. (connection failed)\n");
-
-    LoopbackServer silent("", true);
-    const auto timedOut = rvcli("check-update " + silent.url() + " 1", true);
-    EXPECT_EQ(timedOut.exitCode, 1);
-    EXPECT_EQ(timedOut.out, "rvcli: Hiba: 127.0.0.1 nem érhető el. (timed out)\n");
+    const int closedPort = LoopbackServer("").port();
+    EXPECT_EQ(rvcli("check-update http://127.0.0.1:" + std::to_string(closedPort) + "/ 1", true).out,
+              "rvcli: Hiba: 127.0.0.1 nem érhető el. (connection failed)\n");
 }
 
 TEST(RvcliRefresh, DryRunListsTheFilesAndARunInstallsThem)
@@ -154,18 +129,12 @@ TEST(RvcliRefresh, DryRunListsTheFilesAndARunInstallsThem)
     update.write("gy.ful", "new");
     const std::string directories = data.path().string() + " " + update.path().string();
 
-    const auto dry = rvcli("refresh " + directories + " --dry-run");
-    EXPECT_EQ(dry.exitCode, 0);
-    EXPECT_EQ(dry.out, "update: 2026.12.01\ncurrent: 2026.11.01\ncopy: ZARAS.INF\ncopy: gy.ful\n");
+    const std::string listing = "update: 2026.12.01\ncurrent: 2026.11.01\ncopy: ZARAS.INF\ncopy: gy.ful\n";
+    EXPECT_EQ(rvcli("refresh " + directories + " --dry-run").out, listing);
     EXPECT_EQ(data.read("gy.ful"), "old");
-
-    const auto run = rvcli("refresh " + directories);
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.out, "update: 2026.12.01\ncurrent: 2026.11.01\ncopy: ZARAS.INF\ncopy: gy.ful\ninstalled\n");
+    EXPECT_EQ(rvcli("refresh " + directories).out, listing + "installed\n");
     EXPECT_EQ(data.read("gy.ful"), "new");
-
-    const auto again = rvcli("refresh " + directories);
-    EXPECT_EQ(again.out, "update: 2026.12.01\ncurrent: 2026.12.01\nnot newer\n");
+    EXPECT_EQ(rvcli("refresh " + directories).out, "update: 2026.12.01\ncurrent: 2026.12.01\nnot newer\n");
 }
 
 }  // namespace
