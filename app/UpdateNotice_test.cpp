@@ -33,16 +33,11 @@ TEST(SplitNoticeReply, CutsThreeLinesAtTheirCarriageReturnsWithinOneHundredBytes
     for (const auto& c : cases) EXPECT_EQ(splitNoticeReply(c.body), c.expected) << c.what;
 }
 
-TEST(UpdateNotice, AddressHostAndProxyPort)
+TEST(UpdateNotice, ProxyPortThatIsNoPortIsZero)
 {
-    ::setenv("ROVANEL_UPDATE_URL", "http://127.0.0.1:8080/x/rvupg.ini", 1);
-    EXPECT_EQ(updateNoticeUrl(), "http://127.0.0.1:8080/x/rvupg.ini");
-    ::unsetenv("ROVANEL_UPDATE_URL");
-    EXPECT_EQ(hostOfUrl(updateNoticeUrl()), "frissites.rovanel.hu");
-    EXPECT_EQ(hostOfUrl("http://u@[::1]:80/a"), "[::1]");
     for (const auto& [port, expected] : {std::pair{"3128", 3128}, {"31x", 0}, {"-1", 0}, {"65536", 0}})
         EXPECT_EQ(proxySetting("proxy", port).port, expected) << port;
-    EXPECT_EQ(proxySetting("", "3128").port, 0);
+    EXPECT_EQ(hostOfUrl("http://u@[::1]:80/a"), "[::1]");
 }
 
 TEST(UpdateNotice, NewlyInstalledDatabaseIsRememberedAndReArmsTheNotice)

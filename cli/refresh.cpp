@@ -3,6 +3,7 @@
 // dates and every file, then "installed"; "not newer" when there is nothing to do. Exit 1 on a failure,
 // which leaves DATADIR as it was.
 #include <cstdio>
+#include <filesystem>
 
 #include "app/DatabaseRefresh.h"
 #include "cli/Common.h"
@@ -15,6 +16,13 @@ int runRefresh(const std::vector<std::string>& args)
     constexpr const char* kUsage = "refresh DATADIR UPDATEDIR [--dry-run]";
     const bool dryRun = args.size() == 3 && args[2] == "--dry-run";
     if (args.size() != 2 && !dryRun) return usageError(kUsage);
+    for (const std::string& directory : {args[0], args[1]}) {
+        std::error_code error;
+        if (!std::filesystem::is_directory(directory, error)) {
+            std::fprintf(stderr, "rvcli: %s: not a readable directory\n", directory.c_str());
+            return 2;
+        }
+    }
     std::string update = args[1];
     if (!update.empty() && update.back() != '/' && update.back() != '\\') update += '/';
     const RefreshCheck check = checkRefresh(args[0], update);

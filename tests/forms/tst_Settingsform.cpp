@@ -30,6 +30,7 @@ const QByteArray kNewer =
     "20261201\r\n2026.12.01\r\nwww.rovanel.hu\r\n";  // the tiny database closes 20261101
 const QString kSuffix = QString::fromUtf8(" - Frissítés elérhető a www.rovanel.hu oldalon");
 const QString kUnreachable = QString::fromUtf8("Hiba: 127.0.0.1 nem érhető el.");
+const std::string kRovanel = "\\Software\\Rovanel\\";
 
 // The main window's store, noting the last part of the path of every write, in order.
 class RecordingStore : public rovanel::RegistryStore
@@ -54,18 +55,47 @@ private:
     rovanel::RegistryStore& m_inner;
 };
 
+// One program run: a tiny database as working directory, a clean profile, a server, and the windows.
+struct Run {
+    Run()
+    {
+        server.body = kNewer;
+        qputenv("ROVANEL_UPDATE_URL", server.url().toUtf8());
+        main.upgradeCheck().setNoticeWindow(&notice);
+        main.show();  // FormShow clears UpgChecked
+        settings.show();
+        messages.clear();
+    }
+    ~Run() { QDir::setCurrent(previousDirectory); }
+
+    QString previousDirectory = QDir::currentPath();
+    ScratchDirectory data;
+    ScratchDirectory config;
+    bool prepared = [this] {  // before the main window loads
+        rovanel::testing::writeTinyDatabase(data);
+        qputenv("ROVANEL_CONFIG_DIR", QByteArray::fromStdString(config.path().string()));
+        return QDir::setCurrent(QString::fromStdString(data.path().string()));
+    }();
+    MessageRecorder messages;
+    LoopbackHttpServer server;
+    TMain main{QStringList{"-gy"}};  // no title picture
+    rovanel::RegistryStore& registry = main.registry();
+    TMsgDlg notice{registry};
+    RecordingStore store{registry};
+    TRvSettings settings{main, store};
+};
+
 }  // namespace
 
 class TestSettingsform : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
+    void init() { m_run = std::make_unique<Run>(); }
+    void cleanup() { m_run.reset(); }
 
     void windowShowsTheStoredSettingsAndSavesThemInOrderOnEveryClose();
     void testButtonShowsProgressNoticeAndTitleEveryTime();
-    void manualRunTellsWhatTheServerSaid_data();
     void manualRunTellsWhatTheServerSaid();
     void silentServerEndsByItsTimeOutWhileTheWindowAnswersAndRefusesASecondRun();
     void proxyFromTheSettingsCarriesTheRequest();
@@ -78,72 +108,23 @@ private:
     template <typename T>
     T* control(const char* name)
     {
-        return m_settings->findChild<T*>(name);
+        return m_run->settings.findChild<T*>(name);
     }
-    QStringList memo()
-    {
-        return control<QPlainTextEdit>("ChkMemo")->toPlainText().split('\n', Qt::SkipEmptyParts);
-    }
+    QStringList memo() { return control<QPlainTextEdit>("ChkMemo")->toPlainText().split('\n'); }
     void runManually()
     {
         QTest::mouseClick(control<QPushButton>("HttpChk"), Qt::LeftButton);
         QTRY_VERIFY_WITH_TIMEOUT(memo().endsWith("Lekérdezés vége"), 20000);
     }
-    void setRegistry(const char* name, const std::string& value)
-    {
-        QVERIFY(
-            !rovanel::RegWriteString(m_main->registry(), std::string("\\Software\\Rovanel\\") + name, value));
-    }
-    bool upgShow() { return rovanel::RegReadBool(m_main->registry(), "\\Software\\Rovanel\\UpgShow").value; }
+    bool setting(const char* name) { return rovanel::RegReadBool(m_run->registry, kRovanel + name).value; }
 
-    std::unique_ptr<ScratchDirectory> m_data;
-    std::unique_ptr<ScratchDirectory> m_config;
-    std::unique_ptr<MessageRecorder> m_messages;
-    std::unique_ptr<LoopbackHttpServer> m_server;
-    std::unique_ptr<TMain> m_main;
-    std::unique_ptr<TMsgDlg> m_notice;
-    std::unique_ptr<RecordingStore> m_store;
-    std::unique_ptr<TRvSettings> m_settings;
-    QString m_previousDirectory;
+    std::unique_ptr<Run> m_run;
 };
-
-void TestSettingsform::init()
-{
-    m_data = std::make_unique<ScratchDirectory>();
-    m_config = std::make_unique<ScratchDirectory>();
-    rovanel::testing::writeTinyDatabase(*m_data);
-    qputenv("ROVANEL_CONFIG_DIR", QByteArray::fromStdString(m_config->path().string()));
-    m_previousDirectory = QDir::currentPath();
-    QDir::setCurrent(QString::fromStdString(m_data->path().string()));
-    m_messages = std::make_unique<MessageRecorder>();
-    m_server = std::make_unique<LoopbackHttpServer>();
-    m_server->body = kNewer;
-    qputenv("ROVANEL_UPDATE_URL", m_server->url().toUtf8());
-    m_main = std::make_unique<TMain>(QStringList{"-gy"});  // no title picture
-    m_notice = std::make_unique<TMsgDlg>(m_main->registry());
-    m_main->upgradeCheck().setNoticeWindow(m_notice.get());
-    m_store = std::make_unique<RecordingStore>(m_main->registry());
-    m_settings = std::make_unique<TRvSettings>(*m_main, *m_store);
-    m_main->show();  // FormShow clears UpgChecked
-    m_settings->show();
-    m_messages->clear();
-}
-
-void TestSettingsform::cleanup()
-{
-    m_settings.reset();
-    m_notice.reset();
-    m_main.reset();
-    m_server.reset();
-    m_messages.reset();
-    QDir::setCurrent(m_previousDirectory);
-    m_data.reset();
-    m_config.reset();
-}
 
 void TestSettingsform::windowShowsTheStoredSettingsAndSavesThemInOrderOnEveryClose()
 {
-    QCOMPARE(m_settings->windowTitle(), QString::fromUtf8("Rovanel beállítások"));
+    Run& run = *m_run;
+    QCOMPARE(run.settings.windowTitle(), QString::fromUtf8("Rovanel beállítások"));
     const std::pair<const char*, const char*> texts[] = {
         {"WebChk", "Internetes frissítés lekérdezés a program indításakor"},
         {"chbUpgShow2", "Figyelmeztetés fölugró ablakban"},
@@ -163,236 +144,222 @@ void TestSettingsform::windowShowsTheStoredSettingsAndSavesThemInOrderOnEveryClo
     }
 
     // Loaded on every showing.
-    m_settings->hide();
-    setRegistry("HttpProxy", "proxy.rendelo.hu");
-    setRegistry("ProxyPort", "3128");
-    QVERIFY(!rovanel::RegWriteBool(m_main->registry(), "\\Software\\Rovanel\\UpgShow", false));
-    m_settings->show();
+    run.settings.hide();
+    QVERIFY(!rovanel::RegWriteString(run.registry, kRovanel + "HttpProxy", "proxy.rendelo.hu"));
+    QVERIFY(!rovanel::RegWriteBool(run.registry, kRovanel + "UpgShow", false));
+    run.settings.show();
     QVERIFY(control<QCheckBox>("WebChk")->isChecked());
     QVERIFY(!control<QCheckBox>("chbUpgShow2")->isChecked());
     QCOMPARE(control<QLineEdit>("HttpProxy")->text(), QString("proxy.rendelo.hu"));
-    QCOMPARE(control<QLineEdit>("HttpProxyPort")->text(), QString("3128"));
 
     // "&Tovább", the title bar, and "Kilép" (which saves, then closes and saves again).
     const QStringList order{"CheckUpg", "UpgShow", "HttpProxy", "ProxyPort"};
     const std::function<void()> closings[] = {
         [&] { QTest::mouseClick(control<QPushButton>("CloseSettings"), Qt::LeftButton); },
-        [&] { m_settings->close(); },
+        [&] { run.settings.close(); },
         [&] { QTest::mouseClick(control<QPushButton>("SettingsQuit"), Qt::LeftButton); },
     };
     for (int round = 0; round < 3; ++round) {
-        m_settings->show();
+        run.settings.show();
         control<QCheckBox>("WebChk")->setChecked(round == 1);
         control<QLineEdit>("HttpProxyPort")->setText(QString("31x%1").arg(round));  // saved as typed
-        m_store->writes.clear();
+        run.store.writes.clear();
         closings[round]();
-        QVERIFY(!m_settings->isVisible());
-        QCOMPARE(m_store->writes, round == 2 ? order + order : order);
-        QCOMPARE(rovanel::RegReadBool(*m_store, "\\Software\\Rovanel\\CheckUpg").value, round == 1);
-        QCOMPARE(rovanel::RegReadString(*m_store, "\\Software\\Rovanel\\ProxyPort").value,
+        QVERIFY(!run.settings.isVisible());
+        QCOMPARE(run.store.writes, round == 2 ? order + order : order);
+        QCOMPARE(setting("CheckUpg"), round == 1);
+        QCOMPARE(rovanel::RegReadString(run.registry, kRovanel + "ProxyPort").value,
                  "31x" + std::to_string(round));
     }
-    QVERIFY(m_messages->texts().isEmpty());
+    QVERIFY(run.messages.texts().isEmpty());
 }
 
 void TestSettingsform::testButtonShowsProgressNoticeAndTitleEveryTime()
 {
-    const QString title = m_main->windowTitle();
-    for (int run = 1; run <= 2; ++run) {
+    Run& run = *m_run;
+    const QString title = run.main.windowTitle();
+    for (int time = 1; time <= 2; ++time) {
         runManually();
         QStringList seen = memo();
         seen.removeDuplicates();  // "Adat érkezett" for every packet
         QCOMPARE(seen, QStringList({"Lekérdezés indul", "Szerver megvan", "Kapcsolódás", "Adat elment",
                                     "Státusz változott", "Adat érkezett", "Rendben", "Szétkapcsolás",
                                     "Lekérdezés vége"}));
-        QCOMPARE(m_main->windowTitle(), title + kSuffix.repeated(run));  // once more per run
-        QVERIFY(m_notice->isVisible());
-        QVERIFY(m_main->UpgChecked && !m_main->UpgRunning);
+        QCOMPARE(run.main.windowTitle(), title + kSuffix.repeated(time));  // once more every time
+        QVERIFY(run.notice.isVisible());
+        QVERIFY(run.main.UpgChecked && !run.main.UpgRunning);
     }
-    QCOMPARE(m_notice->windowTitle(), QString::fromUtf8("Új adatbázis elérhető"));
+    QCOMPARE(run.notice.windowTitle(), QString::fromUtf8("Új adatbázis elérhető"));
     const QStringList labels{"Frissítés elérhető a", "www.rovanel.hu", "oldalon.",
                              "Az adatok lezárásának időpontja:", "2026.12.01"};
     for (int i = 0; i < 5; ++i)
-        QCOMPARE(m_notice->findChild<QLabel*>(QString("Label%1").arg(i + 1))->text(), labels[i]);
-    QCOMPARE(m_server->requestLines, QList<QByteArray>(2, "GET /rovanel/rvupg.ini HTTP/1.1"));
-    QVERIFY(m_messages->texts().isEmpty());
-}
-
-void TestSettingsform::manualRunTellsWhatTheServerSaid_data()
-{
-    QTest::addColumn<int>("behaviour");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QString>("lastProgress");  // before "Lekérdezés vége"
-    QTest::addColumn<QString>("place");         // on the notice window, when it shows
-
-    const QString none = QString::fromUtf8("Nincsen újabb adatbázis a www.rovanel.hu oldalon");
-    const int answer = static_cast<int>(Behaviour::Answer);
-    QTest::newRow("equal date") << answer << 200 << QByteArray("20261101\r\n2026.11.01\r\nwww.rovanel.hu")
-                                << none << "Szétkapcsolás"
-                                << "";
-    // Bytes, not dates: "2026-12" sorts before "20261101".
-    QTest::newRow("text order") << answer << 200 << QByteArray("2026-12\r\n\r\nwww.rovanel.hu") << none
-                                << "Szétkapcsolás"
-                                << "";
-    QTest::newRow("empty reply: silent") << answer << 200 << QByteArray() << ""
-                                         << "Szétkapcsolás"
-                                         << "";
-    QTest::newRow("no CR: empty date")
-        << answer << 200 << QByteArray("20261201") << QString::fromUtf8("Nincsen újabb adatbázis a  oldalon")
-        << "Szétkapcsolás"
-        << "";
-    QTest::newRow("lines over 100 bytes")
-        << answer << 200 << QByteArray("20261201\r\n2026\r\n" + QByteArray(120, 'w') + "\r\n") << ""
-        << "Szétkapcsolás" << QString(100, 'w');
-    QTest::newRow("404") << answer << 404 << QByteArray("nincs") << kUnreachable << "Szétkapcsolás"
-                         << "";
-    QTest::newRow("refused connection") << -1 << 200 << kNewer << kUnreachable << "Kapcsolódás sikertelen"
-                                        << "";
-    QTest::newRow("ten megabytes: the first 64 KiB")
-        << static_cast<int>(Behaviour::Flood) << 200 << QByteArray() << ""
-        << "Szétkapcsolás"
-        << "www.rovanel.hu";
+        QCOMPARE(run.notice.findChild<QLabel*>(QString("Label%1").arg(i + 1))->text(), labels[i]);
+    QCOMPARE(run.server.requestLines, QList<QByteArray>(2, "GET /rovanel/rvupg.ini HTTP/1.1"));
+    QVERIFY(run.messages.texts().isEmpty());
 }
 
 void TestSettingsform::manualRunTellsWhatTheServerSaid()
 {
-    QFETCH(int, behaviour);
-    QFETCH(int, status);
-    QFETCH(QByteArray, body);
-    QFETCH(QString, message);
-    QFETCH(QString, lastProgress);
-    QFETCH(QString, place);
-    m_server->status = status;
-    m_server->body = body;
-    if (behaviour < 0)
-        qputenv("ROVANEL_UPDATE_URL",
-                QString("http://127.0.0.1:%1/").arg(LoopbackHttpServer::closedPort()).toUtf8());
-    else
-        m_server->behaviour = static_cast<Behaviour>(behaviour);
-    runManually();
-    QCOMPARE(m_messages->texts(), message.isEmpty() ? QStringList{} : QStringList{message});
-    QCOMPARE(memo().value(memo().size() - 2), lastProgress);
-    QCOMPARE(m_notice->isVisible(), !place.isEmpty());
-    if (!place.isEmpty()) QCOMPARE(m_notice->findChild<QLabel*>("Label2")->text(), place);
-    QVERIFY(m_main->UpgChecked && !m_main->UpgRunning);
+    Run& run = *m_run;
+    const QString none = QString::fromUtf8("Nincsen újabb adatbázis a www.rovanel.hu oldalon");
+    const struct {
+        const char* what;
+        Behaviour behaviour;
+        int status;  // 0: nothing listens
+        QByteArray body;
+        QString message;
+        const char* lastLine;  // before "Lekérdezés vége"
+        QString place;         // on the notice window, when it shows
+    } cases[] = {
+        {"equal date", Behaviour::Answer, 200, "20261101\r\n\r\nwww.rovanel.hu", none, "Szétkapcsolás", ""},
+        // Bytes, not dates: "2026-12" sorts before "20261101".
+        {"text order", Behaviour::Answer, 200, "2026-12\r\n\r\nwww.rovanel.hu", none, "Szétkapcsolás", ""},
+        {"empty reply: silent", Behaviour::Answer, 200, "", "", "Szétkapcsolás", ""},
+        {"no CR: empty date", Behaviour::Answer, 200, "20261201",
+         QString::fromUtf8("Nincsen újabb adatbázis a  oldalon"), "Szétkapcsolás", ""},
+        {"lines over 100 bytes", Behaviour::Answer, 200, "20261201\r\n2026\r\n" + QByteArray(120, 'w'), "",
+         "Szétkapcsolás", QString(100, 'w')},
+        {"404", Behaviour::Answer, 404, "nincs", kUnreachable, "Szétkapcsolás", ""},
+        {"refused", Behaviour::Answer, 0, "", kUnreachable, "Kapcsolódás sikertelen", ""},
+        {"ten megabytes: the first 64 KiB", Behaviour::Flood, 200, "", "", "Szétkapcsolás", "www.rovanel.hu"},
+    };
+    for (const auto& c : cases) {
+        run.server.behaviour = c.behaviour;
+        run.server.status = c.status;
+        run.server.body = c.body;
+        const quint16 port = c.status == 0 ? LoopbackHttpServer::closedPort() : run.server.serverPort();
+        qputenv("ROVANEL_UPDATE_URL", QString("http://127.0.0.1:%1/rvupg.ini").arg(port).toUtf8());
+        run.notice.hide();
+        run.messages.clear();
+        runManually();
+        QVERIFY2(run.messages.texts() == (c.message.isEmpty() ? QStringList{} : QStringList{c.message}),
+                 c.what);
+        QVERIFY2(memo().value(memo().size() - 2) == QString::fromUtf8(c.lastLine), c.what);
+        QVERIFY2(run.notice.isVisible() == !c.place.isEmpty(), c.what);
+        QVERIFY2(c.place.isEmpty() || run.notice.findChild<QLabel*>("Label2")->text() == c.place, c.what);
+        QVERIFY2(run.main.UpgChecked && !run.main.UpgRunning, c.what);
+    }
 }
 
 void TestSettingsform::silentServerEndsByItsTimeOutWhileTheWindowAnswersAndRefusesASecondRun()
 {
-    m_server->behaviour = Behaviour::NeverAnswer;
+    Run& run = *m_run;
+    run.server.behaviour = Behaviour::NeverAnswer;
     QTest::mouseClick(control<QPushButton>("HttpChk"), Qt::LeftButton);
     // The click returned at once; the check runs on while the window takes input.
-    QVERIFY(m_main->UpgRunning);
-    QTRY_COMPARE(m_server->requestLines.size(), 1);
+    QVERIFY(run.main.UpgRunning);
+    QTRY_COMPARE(run.server.requestLines.size(), 1);
     QTest::keyClicks(control<QLineEdit>("HttpProxyPort"), "8");
     QCOMPARE(control<QLineEdit>("HttpProxyPort")->text(), QString("8"));
     // A second test and a timer tick meanwhile: both return at once and send nothing.
     QTest::mouseClick(control<QPushButton>("HttpChk"), Qt::LeftButton);
     QCOMPARE(memo(), QStringList({"Lekérdezés indul", "Lekérdezés vége"}));
-    m_main->Timer1Timer();
-    QTRY_VERIFY_WITH_TIMEOUT(!m_main->UpgRunning, 20000);
-    QCOMPARE(m_server->requestLines.size(), 1);
+    run.main.Timer1Timer();
+    QTRY_VERIFY_WITH_TIMEOUT(!run.main.UpgRunning, 20000);
+    QCOMPARE(run.server.requestLines.size(), 1);
     // The first run's own lines come after the second test's.
     QCOMPARE(memo(), QStringList({"Lekérdezés indul", "Lekérdezés vége", "Hiba", "Szétkapcsolás",
                                   "Lekérdezés vége"}));
-    QCOMPARE(m_messages->texts(), QStringList{kUnreachable});
+    QCOMPARE(run.messages.texts(), QStringList{kUnreachable});
 }
 
 void TestSettingsform::proxyFromTheSettingsCarriesTheRequest()
 {
+    Run& run = *m_run;
     qputenv("ROVANEL_UPDATE_URL", "http://frissites.rovanel.invalid/rovanel/rvupg.ini");
     control<QLineEdit>("HttpProxy")->setText("127.0.0.1");  // saved by the test button before it runs
-    control<QLineEdit>("HttpProxyPort")->setText(QString::number(m_server->serverPort()));
+    control<QLineEdit>("HttpProxyPort")->setText(QString::number(run.server.serverPort()));
     runManually();
-    QCOMPARE(m_server->requestLines,
+    QCOMPARE(run.server.requestLines,
              QList<QByteArray>{"GET http://frissites.rovanel.invalid/rovanel/rvupg.ini HTTP/1.1"});
-    QVERIFY(m_notice->isVisible());
+    QVERIFY(run.notice.isVisible());
     // Without the proxy the made-up host is not found, and the message names it.
     control<QLineEdit>("HttpProxy")->clear();
     runManually();
     QVERIFY(memo().contains(QString::fromUtf8("Érvénytelen cím")));
-    QCOMPARE(m_messages->texts(),
+    QCOMPARE(run.messages.texts(),
              QStringList{QString::fromUtf8("Hiba: frissites.rovanel.invalid nem érhető el.")});
 }
 
 // Switching the check off is stored, but the automatic run still runs once: kept on purpose.
 void TestSettingsform::automaticRunIsOncePerProgramRunAndShowsOnlyTheTitleWhenSwitchedOff()
 {
-    setRegistry("Version", "20261101");  // this database was seen before: the notice stays off
-    QVERIFY(!rovanel::RegWriteBool(m_main->registry(), "\\Software\\Rovanel\\UpgShow", false));
-    QVERIFY(!rovanel::RegWriteBool(m_main->registry(), "\\Software\\Rovanel\\CheckUpg", false));
-    const QString title = m_main->windowTitle();
-    QCOMPARE(m_main->findChild<QTimer*>("Timer1")->interval(), 60000);
+    Run& run = *m_run;
+    // This database was seen before, so the notice stays off.
+    QVERIFY(!rovanel::RegWriteString(run.registry, kRovanel + "Version", "20261101"));
+    QVERIFY(!rovanel::RegWriteBool(run.registry, kRovanel + "UpgShow", false));
+    QVERIFY(!rovanel::RegWriteBool(run.registry, kRovanel + "CheckUpg", false));
+    const QString title = run.main.windowTitle();
+    QCOMPARE(run.main.findChild<QTimer*>("Timer1")->interval(), 60000);
     for (int tick = 0; tick < 3; ++tick) {
-        m_main->Timer1Timer();
-        QTRY_VERIFY(!m_main->UpgRunning);
+        run.main.Timer1Timer();
+        QTRY_VERIFY(!run.main.UpgRunning);
     }
-    QCOMPARE(m_server->requestLines.size(), 1);
-    QCOMPARE(m_main->windowTitle(), title + kSuffix);
-    QVERIFY(!m_notice->isVisible());
+    QCOMPARE(run.server.requestLines.size(), 1);
+    QCOMPARE(run.main.windowTitle(), title + kSuffix);
+    QVERIFY(!run.notice.isVisible());
     // A failed automatic run says nothing.
-    m_main->UpgChecked = false;
+    run.main.UpgChecked = false;
     qputenv("ROVANEL_UPDATE_URL",
             QString("http://127.0.0.1:%1/").arg(LoopbackHttpServer::closedPort()).toUtf8());
-    m_main->HttpChkClick();
-    QTRY_VERIFY(m_main->UpgChecked);
-    QVERIFY(m_messages->texts().isEmpty());
+    run.main.HttpChkClick();
+    QTRY_VERIFY(run.main.UpgChecked);
+    QVERIFY(run.messages.texts().isEmpty());
 }
 
 // Kept on purpose: a registry error ends the check with UpgRunning still set, so no check of any kind
 // runs again in this program run.
 void TestSettingsform::registryErrorLeavesTheCheckRunningForTheRestOfTheRun()
 {
-    QVERIFY(!rovanel::RegWriteInteger(m_main->registry(), "\\Software\\Rovanel\\Version", 1));
+    QVERIFY(!rovanel::RegWriteInteger(m_run->registry, kRovanel + "Version", 1));
     runManually();
-    QCOMPARE(m_messages->texts(), QStringList{QString::fromUtf8("Az adat érvénytelen.")});
-    QVERIFY(m_main->UpgRunning && !m_notice->isVisible());
+    QCOMPARE(m_run->messages.texts(), QStringList{QString::fromUtf8("Az adat érvénytelen.")});
+    QVERIFY(m_run->main.UpgRunning && !m_run->notice.isVisible());
     runManually();
     QCOMPARE(memo(), QStringList({"Lekérdezés indul", "Lekérdezés vége"}));
-    QCOMPARE(m_server->requestLines.size(), 1);
+    QCOMPARE(m_run->server.requestLines.size(), 1);
 }
 
 void TestSettingsform::noticeSwitchedOffOnlyByItsCheckedBox()
 {
-    auto* box = m_notice->findChild<QCheckBox*>("chbNoUpgMsg");
+    TMsgDlg& notice = m_run->notice;
+    auto* box = notice.findChild<QCheckBox*>("chbNoUpgMsg");
     QCOMPARE(box->text(), QString::fromUtf8("&Ez az üzenet ne jelenjék meg többet."));
-    QCOMPARE(m_notice->findChild<QPushButton*>("Button1")->text(), QString::fromUtf8("&Tovább"));
+    QCOMPARE(notice.findChild<QPushButton*>("Button1")->text(), QString::fromUtf8("&Tovább"));
     // Unchecked "&Tovább"; checked and the title bar; unchecked again never switches it back on.
-    const std::pair<bool, bool> closings[] = {{false, true}, {true, false}, {false, false}};
-    for (const auto& [checked, expected] : closings) {
-        m_notice->show();
+    for (const auto& [checked, expected] : {std::pair{false, true}, {true, false}, {false, false}}) {
+        notice.show();
         box->setChecked(checked);
         if (checked)
-            m_notice->close();
+            notice.close();
         else
-            QTest::mouseClick(m_notice->findChild<QPushButton*>("Button1"), Qt::LeftButton);
-        QVERIFY(!m_notice->isVisible());
-        QCOMPARE(upgShow(), expected);
+            QTest::mouseClick(notice.findChild<QPushButton*>("Button1"), Qt::LeftButton);
+        QVERIFY(!notice.isVisible());
+        QCOMPARE(setting("UpgShow"), expected);
     }
 }
 
 void TestSettingsform::refreshFromTheMenuInstallsTheNewerDatabaseAndRestarts()
 {
+    Run& run = *m_run;
     int restarts = 0;
     const Restarter previous = setRestarter([&] { ++restarts; });
     ScratchDirectory update;
     update.write("ZARAS.INF", "20261201\r\n2026.12.01\r\n");
     update.write("nevrend.dat", "new names");
-    m_data->write("RV.INI", "[Rovanel Beallitasok]\r\nPathToUpdate=" + update.path().string() + "/\r\n");
-    auto* item = m_main->findChild<QAction*>("Frissites");
+    run.data.write("RV.INI", "[Rovanel Beallitasok]\r\nPathToUpdate=" + update.path().string() + "/\r\n");
+    auto* item = run.main.findChild<QAction*>("Frissites");
     QVERIFY(item && item->isEnabled());
     item->trigger();
-    QCOMPARE(m_messages->texts(),
+    QCOMPARE(run.messages.texts(),
              QStringList({QString::fromUtf8("Az adatbázis változott, indul a frissítés."),
                           QString::fromUtf8("Sikeres frissítés, a program újra indul.")}));
     QCOMPARE(restarts, 1);
-    QCOMPARE(m_data->read("nevrend.dat"), std::string("new names"));
-    QCOMPARE(m_data->read("zaras.inf"), std::string("20261201\r\n2026.12.01\r\n"));  // the name it had
-    m_messages->clear();
+    QCOMPARE(run.data.read("nevrend.dat"), std::string("new names"));
+    QCOMPARE(run.data.read("zaras.inf"), std::string("20261201\r\n2026.12.01\r\n"));  // the name it had
+    run.messages.clear();
     item->trigger();
-    QCOMPARE(m_messages->texts(),
+    QCOMPARE(run.messages.texts(),
              QStringList{QString::fromUtf8("Nincs újabb adatbázis a frissítési könyvtárban.")});
     QCOMPARE(restarts, 1);
     setRestarter(previous);
