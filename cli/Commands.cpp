@@ -1,22 +1,24 @@
 #include "cli/Commands.h"
 
+#include <cstdio>
+
 namespace rovanel::cli
 {
 
 // Subcommands, declared by their files.
-int runGen(const std::vector<std::string>& args);
-int runInfo(const std::vector<std::string>& args);
-int runNames(const std::vector<std::string>& args);
-int runLocate(const std::vector<std::string>& args);
-int runProductsOf(const std::vector<std::string>& args);
-int runCheck(const std::vector<std::string>& args);
-int runAtcGroup(const std::vector<std::string>& args);
-int runSideEffect(const std::vector<std::string>& args);
-int runIngredient(const std::vector<std::string>& args);
-int runDescribe(const std::vector<std::string>& args);
-int runSameAtc(const std::vector<std::string>& args);
-int runCheckUpdate(const std::vector<std::string>& args);
-int runRefresh(const std::vector<std::string>& args);
+int runGen(const Invocation& call);
+int runInfo(const Invocation& call);
+int runNames(const Invocation& call);
+int runLocate(const Invocation& call);
+int runProductsOf(const Invocation& call);
+int runCheck(const Invocation& call);
+int runAtcGroup(const Invocation& call);
+int runSideEffect(const Invocation& call);
+int runIngredient(const Invocation& call);
+int runDescribe(const Invocation& call);
+int runSameAtc(const Invocation& call);
+int runCheckUpdate(const Invocation& call);
+int runRefresh(const Invocation& call);
 
 const std::vector<Command>& commands()
 {
@@ -36,6 +38,12 @@ const std::vector<Command>& commands()
         {"refresh", "refresh DATADIR UPDATEDIR [--dry-run]", runRefresh},
     };
     return table;
+}
+
+int Invocation::usageError() const
+{
+    std::fprintf(stderr, "rvcli: usage: rvcli %s\n", command.usage);
+    return 2;
 }
 
 std::string usageText()

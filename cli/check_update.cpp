@@ -13,19 +13,19 @@ namespace rovanel::cli
 namespace
 {
 
-constexpr const char* kUsage = "check-update URL ZARAS_LINE1 [--proxy HOST:PORT]";
 constexpr int kTimeoutMs = 5000;
 constexpr std::size_t kReplyLimit = 64 * 1024;
 
 }  // namespace
 
-int runCheckUpdate(const std::vector<std::string>& args)
+int runCheckUpdate(const Invocation& call)
 {
-    if (args.size() != 2 && !(args.size() == 4 && args[2] == "--proxy")) return usageError(kUsage);
+    const std::vector<std::string>& args = call.args;
+    if (args.size() != 2 && !(args.size() == 4 && args[2] == "--proxy")) return call.usageError();
     ProxySetting proxy;
     if (args.size() == 4) {
         const std::size_t colon = args[3].rfind(':');
-        if (colon == std::string::npos) return usageError(kUsage);
+        if (colon == std::string::npos) return call.usageError();
         proxy = proxySetting(args[3].substr(0, colon), args[3].substr(colon + 1));
     }
     const HttpReply reply = httpGet(args[0], proxy.host, proxy.port, kTimeoutMs, kReplyLimit);

@@ -11,11 +11,11 @@
 namespace rovanel::cli
 {
 
-int runRefresh(const std::vector<std::string>& args)
+int runRefresh(const Invocation& call)
 {
-    constexpr const char* kUsage = "refresh DATADIR UPDATEDIR [--dry-run]";
+    const std::vector<std::string>& args = call.args;
     const bool dryRun = args.size() == 3 && args[2] == "--dry-run";
-    if (args.size() != 2 && !dryRun) return usageError(kUsage);
+    if (args.size() != 2 && !dryRun) return call.usageError();
     for (const std::string& directory : {args[0], args[1]}) {
         std::error_code error;
         if (!std::filesystem::is_directory(directory, error)) {
