@@ -27,6 +27,8 @@ int runRow(const Invocation& call);
 int runPrintRx(const Invocation& call);
 int runCertificate(const Invocation& call);
 int runRecommendation(const Invocation& call);
+int runCheckUpdate(const Invocation& call);
+int runRefresh(const Invocation& call);
 
 const std::vector<Command>& commands()
 {
@@ -55,6 +57,8 @@ const std::vector<Command>& commands()
         {"certificate", "certificate INIFILE LISTFILE [--date YYYYMMDD] [--pdf OUT]", runCertificate},
         {"recommendation", "recommendation DIR INIFILE --atc CODE [--bno B] [--title TEXT] [--pdf OUT]",
          runRecommendation},
+        {"check-update", "check-update URL ZARAS_LINE1 [--proxy HOST:PORT]", runCheckUpdate},
+        {"refresh", "refresh DATADIR UPDATEDIR [--dry-run]", runRefresh},
     };
     return table;
 }

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "certs/PublicCareList.h"
+#include "app/DatabaseRefresh.h"
 #include "db/DataFile.h"
 #include "db/DescriptionBuilder.h"
 #include "db/DrugSelection.h"
@@ -331,6 +332,9 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
         if (std::string broken = checkEngine(tables, probe, KhMode::AtcGroup, node); !broken.empty())
             return broken;
     if (std::string broken = checkDetailedList(tables, probe); !broken.empty()) return broken;
+    // The database refresh reads ZARAS.INF: the database against itself is never newer.
+    if (const RefreshCheck refresh = checkRefresh(directory, ""); refresh.newer || !refresh.files.empty())
+        return "refresh found the database newer than itself";
     return checkSearches(tables, probe);
 }
 

@@ -57,6 +57,9 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
         {"detailed_fuzz",
          {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat", "x.dat", "nevrend.dat", "nevpos.dat", "gy.ful",
           "atcindin.dat", "atcind.dat", "kgy.txt"}},
+        // The update notice reply and the two ZARAS.INF files of a refresh; no parameters. Segments: the
+        // reply, the data directory's ZARAS.INF, the update directory's.
+        {"update_fuzz", {}},
     };
     return layouts;
 }

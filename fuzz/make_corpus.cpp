@@ -169,6 +169,16 @@ int main(int argc, char** argv)
                                   "NapiKezTeljesArbol" + separator + "IGEN");
             }
         }
+        if (layout.target == "update_fuzz") {
+            const std::string zaras = "20261101\r\n2026.11.01\r\n";
+            writeSeed(folder, number++,
+                      separator + "20261201\r\n2026.12.01\r\nwww.rovanel.hu\r\n" + separator + zaras +
+                          separator + "20261201\r\n2026.12.01\r\n");
+            writeSeed(folder, number++, separator + "20261201" + separator + zaras + separator + zaras);
+            writeSeed(
+                folder, number++,
+                separator + std::string(150, 'x') + "\r\n\r\n" + separator + "a\rb" + separator + "a\n");
+        }
         if (layout.target == "ini_fuzz") {
             writeSeed(folder, number++,
                       "[Rovanel Beallitasok]\r\nKgyTxtPath=C:\\kgy.txt\r\n\r\n[BetegAdatok]\r\nNev=\"Kiss "

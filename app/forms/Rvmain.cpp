@@ -17,7 +17,9 @@
 #include "app/RegistrySettings.h"
 #include "app/UserPaths.h"
 #include "app/forms/Help.h"
+#include "app/forms/RefreshFromUpdatePath.h"
 #include "app/forms/ShowMessage.h"
+#include "app/forms/UpgradeCheck.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 
@@ -90,6 +92,7 @@ TMain::TMain(const QStringList& arguments, QWidget* parent)
     Timer1->setInterval(60000);
     connect(Timer1, &QTimer::timeout, this, &TMain::Timer1Timer);
     Timer1->start();
+    m_upgradeCheck = new UpgradeCheck(*this);
 
     FormCreate();
 
@@ -141,6 +144,7 @@ void TMain::buildMenu()
     windowItem(Window::BnoForm, MainMenu1, "Bno1", "&Bno", 0, &TMain::Bno1Click);
     windowItem(Window::Segedeszk, MainMenu1, "Segdeszkz1", "&Segédeszköz", 0, &TMain::Segdeszkz1Click);
     windowItem(Window::RvSettings, MainMenu1, "Belltsok1", "Beá&llítások", 0, &TMain::Belltsok1Click);
+    item(MainMenu1, "Frissites", "&Frissítés", 0, &TMain::FrissitesClick);
     item(MainMenu1, "Vge1", "Vége", 0, &TMain::Vge1Click);
 }
 
@@ -268,7 +272,18 @@ void TMain::TovabbClick()
     Tovabb->setVisible(false);
 }
 
-void TMain::Timer1Timer() { ShowPic(); }
+// Every minute; the check itself runs once per program run.
+void TMain::Timer1Timer()
+{
+    ShowPic();
+    CheckUpgrade(false);
+}
+
+void TMain::CheckUpgrade(bool manual, std::function<void()> done)
+{
+    m_upgradeCheck->run(manual, std::move(done));
+}
+void TMain::HttpChkClick() { CheckUpgrade(false); }
 
 void TMain::showWindow(Window which, bool withPicture)
 {
@@ -300,3 +315,4 @@ void TMain::AllandoGyClick()
 }
 
 void TMain::Vge1Click() { close(); }
+void TMain::FrissitesClick() { RefreshFromUpdatePath(this, true); }

@@ -27,6 +27,7 @@ class QMenu;
 class QMenuBar;
 class QPushButton;
 class QTimer;
+class UpgradeCheck;
 
 namespace rovanel
 {
@@ -94,6 +95,12 @@ public:
     void Segdeszkz1Click();
     void Belltsok1Click();
     void Vge1Click();
+    void FrissitesClick();
+
+    // The update notice check (app/forms/UpgradeCheck.h); `done` runs when it has ended.
+    void CheckUpgrade(bool manual, std::function<void()> done = {});
+    void HttpChkClick();  // an automatic run; no control is bound to it
+    [[nodiscard]] UpgradeCheck& upgradeCheck() { return *m_upgradeCheck; }
 
     // Flags of the update notice check, both false after FormShow.
     bool UpgChecked = false;
@@ -130,5 +137,6 @@ private:
     QMenuBar* MainMenu1 = nullptr;
     QTimer* Timer1 = nullptr;
     QAction* AllandoGy = nullptr;
+    UpgradeCheck* m_upgradeCheck = nullptr;
     QList<QAction*> m_menuOrder;  // every item with a shortcut, in menu order
 };

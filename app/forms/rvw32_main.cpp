@@ -6,13 +6,17 @@
 #include <cstdio>
 #include <memory>
 
+#include "app/forms/Msgdlg.h"
+#include "app/forms/RefreshFromUpdatePath.h"
 #include "app/forms/Rvmain.h"
+#include "app/forms/Settingsform.h"
 #include "app/forms/SingleInstance.h"
 #include "rx/forms/Rvbno.h"
 #include "rx/forms/Rvrp.h"
 #include "pricelist/forms/Rvref.h"
 #include "certs/forms/Kgy.h"
 #include "certs/forms/Szakjav.h"
+#include "app/forms/UpgradeCheck.h"
 #include "views/forms/Rvgykozos.h"
 #include "views/forms/Rvha.h"
 #include "views/forms/Rvkh.h"
@@ -31,6 +35,9 @@ int main(int argc, char** argv)
     if (raiseRunningInstance()) return 0;
     // Closing the main window ends the program, whatever other windows are open.
     app.setQuitOnLastWindowClosed(false);
+    // A newer database in the practice's update directory is installed before any window exists; the
+    // program then starts again with "-r" and this run ends here.
+    RefreshFromUpdatePath(nullptr, false);
 
     // The windows, in their order of creation, each kept here until the program ends and handed to the
     // main window, whose menu opens it. The order: TMain, TGylist, TKh, TGyKozos, THaForm, TRend, TMh,
@@ -73,6 +80,10 @@ int main(int argc, char** argv)
     Main->attachWindow(TMain::Window::KgyForm, KgyForm.get());
     auto szj = std::make_unique<Tszj>(Main->state());
     Main->attachWindow(TMain::Window::szj, szj.get());
+    auto MsgDlg = std::make_unique<TMsgDlg>(Main->registry());
+    Main->upgradeCheck().setNoticeWindow(MsgDlg.get());
+    auto RvSettings = std::make_unique<TRvSettings>(*Main, Main->registry());
+    Main->attachWindow(TMain::Window::RvSettings, RvSettings.get());
 
     new SingleInstanceAnswer(Main.get());
     Main->show();
