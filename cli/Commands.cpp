@@ -15,6 +15,9 @@ int runSideEffect(const std::vector<std::string>& args);
 int runIngredient(const std::vector<std::string>& args);
 int runDescribe(const std::vector<std::string>& args);
 int runSameAtc(const std::vector<std::string>& args);
+int runAid(const std::vector<std::string>& args);
+int runAidFind(const std::vector<std::string>& args);
+int runFono(const std::vector<std::string>& args);
 
 const std::vector<Command>& commands()
 {
@@ -30,6 +33,9 @@ const std::vector<Command>& commands()
         {"ingredient", "ingredient DIR K", runIngredient},
         {"describe", "describe DIR P", runDescribe},
         {"same-atc", "same-atc DIR CODE [--by-name]", runSameAtc},
+        {"aid", "aid DIR CODE", runAid},
+        {"aid-find", "aid-find DIR TEXT [--names]", runAidFind},
+        {"fono", "fono DIR K", runFono},
     };
     return table;
 }

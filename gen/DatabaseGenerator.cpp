@@ -15,7 +15,9 @@
 #include "db/Cp1250.h"
 #include "db/HungarianCollation.h"
 #include "db/MessageCatalog.h"
+#include "gen/AidCatalogueWriter.h"
 #include "gen/AtcBook.h"
+#include "gen/FormularyWriter.h"
 
 namespace rovanel
 {
@@ -1526,6 +1528,8 @@ std::optional<PlantedCases> generateDatabase(const std::filesystem::path& direct
 {
     Generator generator(options);
     if (!generator.build(error) || !generator.write(directory, error)) return std::nullopt;
+    if (!writeAidCatalogue(directory, options, error) || !writeFormulary(directory, options, error))
+        return std::nullopt;
     return generator.planted;
 }
 

@@ -85,7 +85,7 @@ TEST(DatabaseGenerator, SameSeedGivesTheSameBytesAndAnotherSeedDiffers)
         EXPECT_EQ(fileText(entry.path()), fileText(second.path() / name));
         ++files;
     }
-    EXPECT_EQ(files, 28);
+    EXPECT_EQ(files, 39);
     EXPECT_NE(fileText(first.path() / "gy.ful"), fileText(third.path() / "gy.ful"));
     EXPECT_NE(fileText(first.path() / "nevrend.dat"), fileText(third.path() / "nevrend.dat"));
 }
