@@ -14,6 +14,9 @@
 #include <thread>
 #include <vector>
 
+#include "catalogues/Formulary.h"
+#include "catalogues/MagiStore.h"
+#include "catalogues/MedicalAids.h"
 #include "db/DataFile.h"
 #include "db/DescriptionBuilder.h"
 #include "db/DrugSelection.h"
@@ -167,6 +170,40 @@ std::string checkSearches(const StartupTables& tables, const Probe& probe)
     return {};
 }
 
+// The medical aids catalogue, the FoNo formulary and a magistral list kept in the data directory.
+std::string checkCatalogues(const std::filesystem::path& directory, const MessageTable& messages)
+{
+    const AidCatalogue aids = loadAidCatalogue(directory);
+    const std::uint64_t seSize = DataFile(dataFilePath(directory, "se.dat")).size();
+    for (int node = -1; node < std::min<int>(static_cast<int>(aids.tree.size()) + 1, 40); ++node) {
+        const auto listed = listAidGroup(aids, node);
+        if (listed.size() > seSize) return "more aids than se.dat has bytes";
+        for (const AidEntry& aid : listed)
+            if (!aidDescription(aids, messages, node, aid.code)) return "a listed aid without description";
+        if (findInAidTree(aids, aids.groupCode(node), node + 1) >= static_cast<int>(aids.tree.size()))
+            return "tree search outside the tree";
+    }
+    for (const AidNameHit& hit : findAidNames(aids, "A"))
+        if (hit.node >= static_cast<int>(aids.codes.size())) return "name hit in a group outside the tree";
+
+    const FonoCatalogue fono = loadFonoCatalogue(directory);
+    for (int item = -1; item < std::min<int>(static_cast<int>(fono.names.size()) + 1, 40); ++item)
+        if (const auto found = readFonoItem(fono, item)) {
+            if (found->name.size() > kFonoNameLimit) return "FoNo name longer than its buffer";
+            if (fonoDocument(*found, TextStyle{}).plainText() != fonoText(*found))
+                return "FoNo text and box differ";
+        }
+    for (const TreeNode& node : fono.tree)
+        if (fonoItemNamed(fono, node.text) >= static_cast<int>(fono.names.size()))
+            return "FoNo node outside the names";
+
+    MagiStore magi(directory);
+    if (!magi.open()) {
+        for (const std::string& name : magi.names()) (void)magi.recipe(name);
+    }
+    return {};
+}
+
 // The first broken expectation, or the empty text.
 std::string exerciseEveryReader(const std::filesystem::path& directory, const Probe& probe)
 {
@@ -257,6 +294,7 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
                 return "same-ATC listing outside the table";
     }
 
+    if (std::string broken = checkCatalogues(directory, tables.messages); !broken.empty()) return broken;
     if (std::string broken = checkEngine(tables, probe, KhMode::Check, 0); !broken.empty()) return broken;
     for (const std::int64_t node : probe.atcNodes)
         if (std::string broken = checkEngine(tables, probe, KhMode::AtcGroup, node); !broken.empty())
@@ -323,6 +361,9 @@ TEST(CorruptionSweep, GeneratedDatabaseSurvivesEveryDamageToEveryFile)
     ScratchDirectory database;
     const auto planted = generateDatabase(database.path(), GeneratorOptions{300, 7});
     ASSERT_TRUE(planted);
+    // A magistral list beside the catalogues, so that its reader is damaged with them.
+    database.write("MagiList.txt", "A\r\nB\r\n");
+    database.write("A", "Rp.\r\n");
     // The drugs with findings: an avoid pair, a careful pair, the contraindicated one and the drug whose
     // careful line is too long (last, so that the others are read before it stops the run).
     const Probe probe{{planted->avoidFirst, planted->avoidSecond, planted->carefulFirst,

@@ -48,6 +48,14 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
         {"registry_fuzz", {"registry.ini"}},
         // The tree-file parser on one file's content (atcnren2.dat and the like); no parameters.
         {"treefile_fuzz", {}},
+        // The medical aids catalogue. Parameters: node, second node.
+        {"aids_fuzz",
+         {"MSG.DAT", "senrend2.dat", "sekod2.dat", "sepos.dat", "seiso.dat", "senev.dat", "semegj.dat",
+          "se.dat"}},
+        // The FoNo formulary. Parameters: item.
+        {"fono_fuzz", {"fononr.txt", "fononev.dat", "fonoidx.dat", "fono.dat"}},
+        // The own magistral list. Segments after the (unused) parameter line: MagiList.txt, a name.
+        {"magi_fuzz", {}},
     };
     return layouts;
 }

@@ -8,6 +8,9 @@
 
 #include "app/forms/Rvmain.h"
 #include "app/forms/SingleInstance.h"
+#include "catalogues/forms/Fono.h"
+#include "catalogues/forms/Rvmagi.h"
+#include "catalogues/forms/Se.h"
 #include "views/forms/Rvgykozos.h"
 #include "views/forms/Rvha.h"
 #include "views/forms/Rvkh.h"
@@ -52,6 +55,12 @@ int main(int argc, char** argv)
     auto Mh = std::make_unique<TMh>(Main->state());
     Main->attachWindow(TMain::Window::Mh, Mh.get());
     Mh->setDescriptionViewer(showDescription);
+    auto Segedeszk = std::make_unique<TSegedeszk>(Main->state());
+    Main->attachWindow(TMain::Window::Segedeszk, Segedeszk.get());
+    auto FoNoForm = std::make_unique<TFoNoForm>(Main->state());
+    Main->attachWindow(TMain::Window::FoNoForm, FoNoForm.get());
+    auto MagiForm = std::make_unique<TMagiForm>(Main->state());
+    Main->attachWindow(TMain::Window::MagiForm, MagiForm.get());
 
     new SingleInstanceAnswer(Main.get());
     Main->show();
