@@ -139,7 +139,7 @@ TSegedeszk::TSegedeszk(rovanel::SharedState& state, QWidget* parent)
     split->addWidget(top);
     split->addWidget(bottom);
     split->setStretchFactor(0, 3);
-    split->setStretchFactor(1, 1);
+    split->setStretchFactor(1, 2);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(split);
 
