@@ -4,27 +4,27 @@
 
 #include "catalogues/MedicalAids.h"
 #include "cli/Common.h"
-#include "db/DataFile.h"
-#include "db/MessageTable.h"
 
 namespace rovanel::cli
 {
 
-int runAid(const std::vector<std::string>& args)
+int runAid(const Invocation& call)
 {
-    if (args.size() != 2) return usageError("aid DIR CODE");
-    const AidCatalogue catalogue = loadAidCatalogue(args[0]);
-    const MessageTable messages =
-        MessageTable::parse(readWholeFile(dataFilePath(args[0], "MSG.DAT")).value_or(std::string{}));
-    const auto description = aidDescription(catalogue, messages, groupOfAid(catalogue, args[1]), args[1]);
-    if (!description) {
-        std::fprintf(stderr, "rvcli: no aid %s in %s\n", args[1].c_str(), args[0].c_str());
-        return 1;
-    }
-    std::string text = *description;
-    std::erase(text, '\r');
-    std::printf("%s\n", toUtf8(text).c_str());
-    return 0;
+    const auto& args = call.args;
+    if (args.size() != 2) return call.usageError();
+    return withDatabase(args[0], [&](const StartupTables& tables) {
+        const AidCatalogue catalogue = loadAidCatalogue(args[0]);
+        const auto description =
+            aidDescription(catalogue, tables.messages, groupOfAid(catalogue, args[1]), args[1]);
+        if (!description) {
+            std::fprintf(stderr, "rvcli: no aid %s in %s\n", args[1].c_str(), args[0].c_str());
+            return 1;
+        }
+        std::string text = *description;
+        std::erase(text, '\r');
+        std::printf("%s\n", toUtf8(text).c_str());
+        return 0;
+    });
 }
 
 }  // namespace rovanel::cli

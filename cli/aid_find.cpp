@@ -10,11 +10,12 @@
 namespace rovanel::cli
 {
 
-int runAidFind(const std::vector<std::string>& args)
+int runAidFind(const Invocation& call)
 {
-    const char* usage = "aid-find DIR TEXT [--names]";
+    const auto& args = call.args;
     if (args.size() < 2 || args.size() > 3 || (args.size() == 3 && args[2] != "--names"))
-        return usageError(usage);
+        return call.usageError();
+    if (!isReadableDirectory(args[0])) return 2;
     const AidCatalogue catalogue = loadAidCatalogue(args[0]);
     const std::string text = utf8ToCp1250(args[1]);
     if (args.size() == 3) {

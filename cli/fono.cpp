@@ -8,11 +8,13 @@
 namespace rovanel::cli
 {
 
-int runFono(const std::vector<std::string>& args)
+int runFono(const Invocation& call)
 {
-    if (args.size() != 2) return usageError("fono DIR K");
+    const auto& args = call.args;
+    if (args.size() != 2) return call.usageError();
     const auto item = numberArgument(args[1]);
-    if (!item) return usageError("fono DIR K");
+    if (!item) return call.usageError();
+    if (!isReadableDirectory(args[0])) return 2;
     const FonoCatalogue catalogue = loadFonoCatalogue(args[0]);
     const auto found =
         *item < 0 || *item > 1'000'000'000 ? std::nullopt : readFonoItem(catalogue, static_cast<int>(*item));
