@@ -149,7 +149,13 @@ int main(int argc, char** argv)
                 for (const char* parameters : {"0", "1", "5", "-1"})
                     writeSeed(folder, number++, input(parameters, layout.files, database));
             } else if (layout.target == "magi_fuzz") {
-                writeSeed(folder, number++, separator + "Ken\xF5" "cs\r\nOldat 5%\r\n" + separator + "Ken\xF5" "cs");
+                writeSeed(folder, number++,
+                          separator +
+                              "Ken\xF5"
+                              "cs\r\nOldat 5%\r\n" +
+                              separator +
+                              "Ken\xF5"
+                              "cs");
                 writeSeed(folder, number++, separator + "A\nB" + separator + "NUL.txt");
                 break;
             } else if (layout.target == "ini_fuzz") {
