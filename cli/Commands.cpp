@@ -29,6 +29,9 @@ int runCertificate(const Invocation& call);
 int runRecommendation(const Invocation& call);
 int runCheckUpdate(const Invocation& call);
 int runRefresh(const Invocation& call);
+int runAid(const Invocation& call);
+int runAidFind(const Invocation& call);
+int runFono(const Invocation& call);
 
 const std::vector<Command>& commands()
 {
@@ -59,6 +62,9 @@ const std::vector<Command>& commands()
          runRecommendation},
         {"check-update", "check-update URL ZARAS_LINE1 [--proxy HOST:PORT]", runCheckUpdate},
         {"refresh", "refresh DATADIR UPDATEDIR [--dry-run]", runRefresh},
+        {"aid", "aid DIR CODE", runAid},
+        {"aid-find", "aid-find DIR TEXT [--names]", runAidFind},
+        {"fono", "fono DIR K", runFono},
     };
     return table;
 }

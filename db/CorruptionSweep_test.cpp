@@ -16,6 +16,9 @@
 
 #include "certs/PublicCareList.h"
 #include "app/DatabaseRefresh.h"
+#include "catalogues/Formulary.h"
+#include "catalogues/MagiStore.h"
+#include "catalogues/MedicalAids.h"
 #include "db/DataFile.h"
 #include "db/DescriptionBuilder.h"
 #include "db/DrugSelection.h"
@@ -206,6 +209,9 @@ std::string checkPrescriptionReaders(const std::filesystem::path& directory, con
         const auto package = packageData(tables, directory, record);
         if (package && package->titleFlags.size() != 11) return "Layout A flags not 11 characters";
     }
+    return {};
+}
+
 // The detailed list of each probed group, sorted by every column, and the public-care list beside it.
 std::string checkDetailedList(const StartupTables& tables, const Probe& probe)
 {
@@ -232,6 +238,40 @@ std::string checkDetailedList(const StartupTables& tables, const Probe& probe)
                     entry.ingredient.size() >
                 511)
                 return "public-care line longer than its buffer";
+    return {};
+}
+
+// The medical aids catalogue, the FoNo formulary and a magistral list kept in the data directory.
+std::string checkCatalogues(const std::filesystem::path& directory, const MessageTable& messages)
+{
+    const AidCatalogue aids = loadAidCatalogue(directory);
+    const std::uint64_t seSize = DataFile(dataFilePath(directory, "se.dat")).size();
+    for (int node = -1; node < std::min<int>(static_cast<int>(aids.tree.size()) + 1, 40); ++node) {
+        const auto listed = listAidGroup(aids, node);
+        if (listed.size() > seSize) return "more aids than se.dat has bytes";
+        for (const AidEntry& aid : listed)
+            if (!aidDescription(aids, messages, node, aid.code)) return "a listed aid without description";
+        if (findInAidTree(aids, aids.groupCode(node), node + 1) >= static_cast<int>(aids.tree.size()))
+            return "tree search outside the tree";
+    }
+    for (const AidNameHit& hit : findAidNames(aids, "A"))
+        if (hit.node >= static_cast<int>(aids.codes.size())) return "name hit in a group outside the tree";
+
+    const FonoCatalogue fono = loadFonoCatalogue(directory);
+    for (int item = -1; item < std::min<int>(static_cast<int>(fono.names.size()) + 1, 40); ++item)
+        if (const auto found = readFonoItem(fono, item)) {
+            if (found->name.size() > kFonoNameLimit) return "FoNo name longer than its buffer";
+            if (fonoDocument(*found, TextStyle{}).plainText() != fonoText(*found))
+                return "FoNo text and box differ";
+        }
+    for (const TreeNode& node : fono.tree)
+        if (fonoItemNamed(fono, node.text) >= static_cast<int>(fono.names.size()))
+            return "FoNo node outside the names";
+
+    MagiStore magi(directory);
+    if (!magi.open()) {
+        for (const std::string& name : magi.names()) (void)magi.recipe(name);
+    }
     return {};
 }
 
@@ -327,6 +367,7 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
 
     if (std::string broken = checkPrescriptionReaders(directory, tables, probe); !broken.empty())
         return broken;
+    if (std::string broken = checkCatalogues(directory, tables.messages); !broken.empty()) return broken;
     if (std::string broken = checkEngine(tables, probe, KhMode::Check, 0); !broken.empty()) return broken;
     for (const std::int64_t node : probe.atcNodes)
         if (std::string broken = checkEngine(tables, probe, KhMode::AtcGroup, node); !broken.empty())
@@ -399,6 +440,9 @@ TEST(CorruptionSweep, GeneratedDatabaseSurvivesEveryDamageToEveryFile)
     const auto planted = generateDatabase(database.path(), GeneratorOptions{300, 7});
     ASSERT_TRUE(planted);
     database.write("kgy.txt", "C08CA-01;210751477;NAME;3;amlodipin \r\nA;;B\r\n");
+    // A magistral list beside the catalogues, so that its reader is damaged with them.
+    database.write("MagiList.txt", "A\r\nB\r\n");
+    database.write("A", "Rp.\r\n");
     // The drugs with findings: an avoid pair, a careful pair, the contraindicated one and the drug whose
     // careful line is too long (last, so that the others are read before it stops the run).
     const Probe probe{{planted->avoidFirst, planted->avoidSecond, planted->carefulFirst,

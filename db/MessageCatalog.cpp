@@ -44,6 +44,11 @@ std::vector<std::string> messageCatalogLines()
         {msg::kKhAvoidPhrase, "Együttadásuk kerülendő!"},
         {msg::kKhNothingFound, "A vizsgálat nem talált kölcsönhatást és ellenjavallatot."},
         {msg::kKhNothingFoundCaption, "Kölcsönhatás vizsgálat"},
+        {msg::kAidFullPriceLabel, "Bruttó ár:"},
+        {msg::kAidSupportLabel, "Támogatás:"},
+        {msg::kAidPayableLabel, "Térítési díj:"},
+        {msg::kAidStandardNote,
+         "Rendelhető a gyógyászati segédeszközök rendelési szabályai szerint, a jogosultság igazolásával."},
         {msg::kMhTooMany,
          "Ehhez a mellékhatáshoz 600-nál több gyógyszer tartozik. Szűkítse a keresést a szedett "
          "gyógyszerekre!"},

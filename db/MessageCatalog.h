@@ -42,6 +42,11 @@ inline constexpr int kKhCarefulPhrase = 91;
 inline constexpr int kKhAvoidPhrase = 92;
 inline constexpr int kKhNothingFound = 93;
 inline constexpr int kKhNothingFoundCaption = 94;
+// 120..123: the medical aids' price labels and their standard note.
+inline constexpr int kAidFullPriceLabel = 120;
+inline constexpr int kAidSupportLabel = 121;
+inline constexpr int kAidPayableLabel = 122;
+inline constexpr int kAidStandardNote = 123;
 inline constexpr int kMhTooMany = 144;
 inline constexpr int kMhTooManyCaption = 145;
 inline constexpr int kMhNone = 146;

@@ -60,6 +60,14 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
         // The update notice reply and the two ZARAS.INF files of a refresh; no parameters. Segments: the
         // reply, the data directory's ZARAS.INF, the update directory's.
         {"update_fuzz", {}},
+        // The medical aids catalogue. Parameters: node, second node.
+        {"aids_fuzz",
+         {"MSG.DAT", "senrend2.dat", "sekod2.dat", "sepos.dat", "seiso.dat", "senev.dat", "semegj.dat",
+          "se.dat"}},
+        // The FoNo formulary. Parameters: item.
+        {"fono_fuzz", {"fononr.txt", "fononev.dat", "fonoidx.dat", "fono.dat"}},
+        // The own magistral list. Segments after the (unused) parameter line: MagiList.txt, a name.
+        {"magi_fuzz", {}},
     };
     return layouts;
 }

@@ -162,6 +162,22 @@ int main(int argc, char** argv)
                           std::to_string(cases.medicines),
                       std::to_string(cases.atcGroups) + " 4 1 -1 -1"})
                     writeSeed(folder, number++, input(parameters, layout.files, withList));
+            } else if (layout.target == "aids_fuzz") {
+                for (const char* parameters : {"0 1", "2 5", "-1 3", "7 100000"})
+                    writeSeed(folder, number++, input(parameters, layout.files, database));
+            } else if (layout.target == "fono_fuzz") {
+                for (const char* parameters : {"0", "1", "5", "-1"})
+                    writeSeed(folder, number++, input(parameters, layout.files, database));
+            } else if (layout.target == "magi_fuzz") {
+                writeSeed(folder, number++,
+                          separator +
+                              "Ken\xF5"
+                              "cs\r\nOldat 5%\r\n" +
+                              separator +
+                              "Ken\xF5"
+                              "cs");
+                writeSeed(folder, number++, separator + "A\nB" + separator + "NUL.txt");
+                break;
             } else if (layout.target == "ini_fuzz") {
                 if (const auto found = database.find("RV.INI"); found != database.end())
                     writeSeed(folder, number++,

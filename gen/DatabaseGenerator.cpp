@@ -5,6 +5,8 @@
 
 #include <system_error>
 
+#include "gen/AidCatalogueWriter.h"
+#include "gen/FormularyWriter.h"
 #include "gen/GeneratedFile.h"
 #include "gen/PictureWriter.h"
 #include "gen/PrescriptionFiles.h"
@@ -49,6 +51,8 @@ std::optional<PlantedCases> generateDatabase(const std::filesystem::path& direct
     if (!writePictures(directory, error)) return std::nullopt;
     if (!writePrescriptionFiles(directory, options.seed, error)) return std::nullopt;
     if (!plantDetailedListCases(directory, generator.planted, error)) return std::nullopt;
+    if (!writeAidCatalogue(directory, options, error) || !writeFormulary(directory, options, error))
+        return std::nullopt;
     return generator.planted;
 }
 

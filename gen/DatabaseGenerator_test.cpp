@@ -115,7 +115,7 @@ TEST(DatabaseGenerator, SameSeedGivesTheSameBytesAndAnotherSeedDiffers)
         EXPECT_EQ(fileText(entry.path()), fileText(second.path() / name));
         ++files;
     }
-    EXPECT_EQ(files, 37);  // 28 data files, 4 pictures and 5 prescription files
+    EXPECT_EQ(files, 48);  // 28 data files, 4 pictures, 5 prescription, 7 medical aids and 4 formulary files
     EXPECT_NE(fileText(first.path() / "gy.ful"), fileText(third.path() / "gy.ful"));
     EXPECT_NE(fileText(first.path() / "nevrend.dat"), fileText(third.path() / "nevrend.dat"));
 }

@@ -17,6 +17,9 @@
 #include "certs/forms/Kgy.h"
 #include "certs/forms/Szakjav.h"
 #include "app/forms/UpgradeCheck.h"
+#include "catalogues/forms/Fono.h"
+#include "catalogues/forms/Rvmagi.h"
+#include "catalogues/forms/Se.h"
 #include "views/forms/Rvgykozos.h"
 #include "views/forms/Rvha.h"
 #include "views/forms/Rvkh.h"
@@ -84,6 +87,12 @@ int main(int argc, char** argv)
     Main->upgradeCheck().setNoticeWindow(MsgDlg.get());
     auto RvSettings = std::make_unique<TRvSettings>(*Main, Main->registry());
     Main->attachWindow(TMain::Window::RvSettings, RvSettings.get());
+    auto Segedeszk = std::make_unique<TSegedeszk>(Main->state());
+    Main->attachWindow(TMain::Window::Segedeszk, Segedeszk.get());
+    auto FoNoForm = std::make_unique<TFoNoForm>(Main->state());
+    Main->attachWindow(TMain::Window::FoNoForm, FoNoForm.get());
+    auto MagiForm = std::make_unique<TMagiForm>(Main->state());
+    Main->attachWindow(TMain::Window::MagiForm, MagiForm.get());
 
     new SingleInstanceAnswer(Main.get());
     Main->show();

@@ -103,6 +103,7 @@ TEST(Rvcli, UsageComesFromTheCommandTableAndEndsItsLine)
     EXPECT_EQ(all.rfind("rvcli: unknown command 'frobnicate'\nusage:\n  rvcli gen DIR", 0), 0u);
     EXPECT_EQ(all.back(), '\n');
     EXPECT_EQ(lines(rvcli("", true).out).size(), 14u) << "usage: and one line per command";
+    EXPECT_EQ(lines(rvcli("", true).out).size(), 15u) << "usage: and one line per command";
 }
 
 }  // namespace

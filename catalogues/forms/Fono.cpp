@@ -1,0 +1,125 @@
+#include "catalogues/forms/Fono.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QSplitter>
+#include <QTextEdit>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "catalogues/Formulary.h"
+#include "catalogues/forms/ListFilter.h"
+#include "db/Cp1250.h"
+#include "db/DataFile.h"
+#include "db/SharedState.h"
+#include "views/forms/FormSupport.h"
+#include "views/forms/RichText.h"
+
+using rovanel::forms::fromCp1250;
+
+namespace
+{
+
+// The box's own font: fixed pitch.
+rovanel::TextStyle fixedPitch()
+{
+    rovanel::TextStyle style;
+    style.font = "Courier New";
+    style.height = 14;
+    return style;
+}
+
+}  // namespace
+
+TFoNoForm::TFoNoForm(rovanel::SharedState& state, QWidget* parent)
+    : QWidget(parent), m_state(state), m_catalogue(std::make_unique<rovanel::FonoCatalogue>())
+{
+    setObjectName("FoNoForm");
+    setWindowTitle(QStringLiteral("FoNo"));
+    resize(900, 600);
+    auto* panel = new QWidget(this);
+    panel->setObjectName("Panel1");
+    m_tree = new QTreeWidget(panel);
+    m_tree->setObjectName("FoNoTree");
+    m_tree->setHeaderHidden(true);
+    m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_filter = new QLineEdit(panel);
+    m_filter->setObjectName("FoNoLstEdit");
+    m_filter->setPlaceholderText(QStringLiteral("Szűrés névre"));
+    m_names = new QListWidget(panel);
+    m_names->setObjectName("FoNoLst");
+    m_text = new QTextEdit(panel);
+    m_text->setObjectName("FoNoRtf");
+    m_text->setReadOnly(true);
+    m_text->setLineWrapMode(QTextEdit::NoWrap);
+    m_text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    m_text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+
+    auto* lists = new QSplitter(Qt::Vertical, panel);
+    lists->addWidget(m_tree);
+    auto* names = new QWidget(lists);
+    auto* namesLayout = new QVBoxLayout(names);
+    namesLayout->setContentsMargins(0, 0, 0, 0);
+    namesLayout->addWidget(m_filter);
+    namesLayout->addWidget(m_names);
+    lists->addWidget(names);
+    auto* split = new QSplitter(Qt::Horizontal, panel);
+    split->addWidget(lists);
+    split->addWidget(m_text);
+    split->setStretchFactor(0, 2);
+    split->setStretchFactor(1, 3);
+    auto* panelLayout = new QHBoxLayout(panel);
+    panelLayout->addWidget(split);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(panel);
+
+    connect(m_names, &QListWidget::itemSelectionChanged, this, &TFoNoForm::FoNoLstSelect);
+    connect(m_tree, &QTreeWidget::currentItemChanged, this, &TFoNoForm::FoNoTreeChange);
+    connect(m_filter, &QLineEdit::textChanged, this,
+            [this](const QString& text) { filterRows(m_names, text); });
+    FormCreate();
+}
+
+TFoNoForm::~TFoNoForm() = default;
+
+// Missing files leave their part of the window empty; nothing stops the program's start.
+void TFoNoForm::FormCreate()
+{
+    *m_catalogue = rovanel::loadFonoCatalogue(m_state.tables.dataDirectory);
+    rovanel::forms::loadTree(m_tree, rovanel::dataFilePath(m_state.tables.dataDirectory, "fononr.txt"));
+    for (const std::string& name : m_catalogue->names) m_names->addItem(fromCp1250(name));
+}
+
+void TFoNoForm::FoNoLstSelect()
+{
+    const QList<QListWidgetItem*> selected = m_names->selectedItems();
+    if (!selected.isEmpty()) showItem(m_names->row(selected.first()));
+}
+
+void TFoNoForm::FoNoTreeChange()
+{
+    const QTreeWidgetItem* node = m_tree->currentItem();
+    if (!node) return;
+    const int item = rovanel::fonoItemNamed(*m_catalogue, rovanel::utf8ToCp1250(node->text(0).toStdString()));
+    const QSignalBlocker blocker(m_names);
+    m_names->clearSelection();
+    if (item >= 0) {
+        m_names->setCurrentRow(item);
+        m_names->scrollToItem(m_names->item(item));
+    }
+    showItem(item);
+}
+
+// Item -1 (a chapter, or a node not among the names) shows nothing.
+void TFoNoForm::showItem(int item)
+{
+    const auto found = rovanel::readFonoItem(*m_catalogue, item);
+    if (!found) {
+        m_text->clear();
+        return;
+    }
+    m_name = found->name;
+    renderInto(m_text, rovanel::fonoDocument(*found, fixedPitch()));
+}

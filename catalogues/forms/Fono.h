@@ -1,0 +1,45 @@
+// TFoNoForm: the FoNo magistral formulary ("FoNo"): the chapter tree, the alphabetical name list (filtered
+// as one types in the line above it), and the chosen item's text with its title and labels in colour.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <string>
+
+namespace rovanel
+{
+struct SharedState;
+struct FonoCatalogue;
+}  // namespace rovanel
+
+class QLineEdit;
+class QListWidget;
+class QTextEdit;
+class QTreeWidget;
+
+class TFoNoForm : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit TFoNoForm(rovanel::SharedState& state, QWidget* parent = nullptr);
+    ~TFoNoForm() override;
+
+    // FoNoName: the name line of the item shown last (Windows-1250).
+    [[nodiscard]] const std::string& FoNoName() const { return m_name; }
+
+public slots:
+    void FoNoLstSelect();
+    void FoNoTreeChange();
+
+private:
+    void FormCreate();
+    void showItem(int item);
+
+    rovanel::SharedState& m_state;
+    std::unique_ptr<rovanel::FonoCatalogue> m_catalogue;
+    std::string m_name;
+    QTreeWidget* m_tree = nullptr;
+    QLineEdit* m_filter = nullptr;
+    QListWidget* m_names = nullptr;
+    QTextEdit* m_text = nullptr;
+};

@@ -1,0 +1,26 @@
+// Writes the medical aids catalogue (senrend2.dat, sekod2.dat, sepos.dat, seiso.dat, senev.dat,
+// semegj.dat, se.dat) from the NEAK catalogue in gen/AidBook.cpp: every aid for 10,000 products and more,
+// an even selection of a third of the product count (at least 60) below, so the group tree keeps its
+// real shape. Quantities, wearing periods, the standard-note mark and the notes are the generator's own.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace rovanel
+{
+
+struct GeneratorOptions;
+
+// The files' names and bytes (Windows-1250, CR LF).
+[[nodiscard]] std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(
+    const GeneratorOptions& options);
+
+// Writes them into `directory`; false and a reason in `error` when one cannot be written.
+[[nodiscard]] bool writeAidCatalogue(const std::filesystem::path& directory, const GeneratorOptions& options,
+                                     std::string* error);
+
+}  // namespace rovanel
