@@ -15,6 +15,8 @@ int runSideEffect(const std::vector<std::string>& args);
 int runIngredient(const std::vector<std::string>& args);
 int runDescribe(const std::vector<std::string>& args);
 int runSameAtc(const std::vector<std::string>& args);
+int runImportNeak(const std::vector<std::string>& args);
+int runVerify(const std::vector<std::string>& args);
 
 const std::vector<Command>& commands()
 {
@@ -30,6 +32,8 @@ const std::vector<Command>& commands()
         {"ingredient", "ingredient DIR K", runIngredient},
         {"describe", "describe DIR P", runDescribe},
         {"same-atc", "same-atc DIR CODE [--by-name]", runSameAtc},
+        {"import-neak", "import-neak SOURCE_DIR OUT_DIR [--month YYYYMM] [--also YYYYMM]", runImportNeak},
+        {"verify", "verify DIR", runVerify},
     };
     return table;
 }
