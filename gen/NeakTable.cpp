@@ -18,6 +18,10 @@ std::optional<SourceTable> parseSourceTable(std::string_view content, const Tabl
         if (error) *error = std::string(layout.file) + ": " + why;
         return std::nullopt;
     };
+    const auto failAt = [&](std::size_t line, const std::string& why) -> std::optional<SourceTable> {
+        if (error) *error = std::string(layout.file) + " line " + std::to_string(line) + ": " + why;
+        return std::nullopt;
+    };
     if (content.size() > kMaximumTableBytes) return fail("larger than the importer reads");
     if (content.starts_with("\xEF\xBB\xBF")) content.remove_prefix(3);
     const std::string converted =
@@ -36,8 +40,7 @@ std::optional<SourceTable> parseSourceTable(std::string_view content, const Tabl
             if (i < text.size() && text[i] == '"') {
                 ++i;
                 for (;;) {
-                    if (i >= text.size())
-                        return fail("line " + std::to_string(recordLine) + ": a quoted field is not closed");
+                    if (i >= text.size()) return failAt(recordLine, "a quoted field is not closed");
                     if (text[i] == '"') {
                         if (i + 1 < text.size() && text[i + 1] == '"') {
                             field += '"';
@@ -82,8 +85,8 @@ std::optional<SourceTable> parseSourceTable(std::string_view content, const Tabl
             continue;
         }
         if (fields.size() != layout.columns.size())
-            return fail("line " + std::to_string(recordLine) + ": " + std::to_string(fields.size()) +
-                        " fields, expected " + std::to_string(layout.columns.size()));
+            return failAt(recordLine, std::to_string(fields.size()) + " fields, expected " +
+                                          std::to_string(layout.columns.size()));
         table.rows.push_back(std::move(fields));
         table.lines.push_back(recordLine);
     }
