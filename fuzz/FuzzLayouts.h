@@ -48,6 +48,9 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
         {"registry_fuzz", {"registry.ini"}},
         // The tree-file parser on one file's content (atcnren2.dat and the like); no parameters.
         {"treefile_fuzz", {}},
+        // The NEAK source-table reader of the importer: the first byte picks the layout, the rest is
+        // the table's text.
+        {"neaktable_fuzz", {}},
     };
     return layouts;
 }

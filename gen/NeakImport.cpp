@@ -42,6 +42,7 @@ std::string cleanText(std::string_view text)
             i += 6;
             c = ' ';
         }
+        if (c == '\0' || c == '\x1A') continue;
         if (c == '\r' || c == '\n' || c == '\t') c = ' ';
         if (c == '~') c = '-';
         if (c == '#') c = ' ';
@@ -440,8 +441,12 @@ bool Importer::read(std::string* error)
                          : type == "EÜ70" ? 70
                          : type == "EÜ50" ? 50
                                           : 0;
-        if (rate == 0 || f[2].empty() || f[2].find_first_of(" \t,") != std::string::npos ||
-            f[3].find_first_of(" \t,") != std::string::npos) {
+        const auto alphanumeric = [](const std::string& text) {
+            return std::all_of(text.begin(), text.end(), [](char c) {
+                return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+            });
+        };
+        if (rate == 0 || f[2].empty() || !alphanumeric(f[2]) || !alphanumeric(f[3])) {
             warn("EU point skipped", "ID " + f[0] + " (" + f[1] + " " + f[2] + ")");
             continue;
         }
