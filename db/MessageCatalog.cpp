@@ -44,6 +44,9 @@ std::vector<std::string> messageCatalogLines()
         {msg::kKhAvoidPhrase, "Együttadásuk kerülendő!"},
         {msg::kKhNothingFound, "A vizsgálat nem talált kölcsönhatást és ellenjavallatot."},
         {msg::kKhNothingFoundCaption, "Kölcsönhatás vizsgálat"},
+        {msg::kKhNoInteractionData,
+         "Ebben az adatbázisban nincsenek kölcsönhatási és ellenjavallati adatok: a vizsgálat nem talált "
+         "semmit, de ez nem jelenti, hogy a gyógyszerek együtt adhatók."},
         {msg::kMhTooMany,
          "Ehhez a mellékhatáshoz 600-nál több gyógyszer tartozik. Szűkítse a keresést a szedett "
          "gyógyszerekre!"},

@@ -42,6 +42,7 @@ inline constexpr int kKhCarefulPhrase = 91;
 inline constexpr int kKhAvoidPhrase = 92;
 inline constexpr int kKhNothingFound = 93;
 inline constexpr int kKhNothingFoundCaption = 94;
+inline constexpr int kKhNoInteractionData = 95;
 inline constexpr int kMhTooMany = 144;
 inline constexpr int kMhTooManyCaption = 145;
 inline constexpr int kMhNone = 146;

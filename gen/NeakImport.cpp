@@ -927,7 +927,7 @@ bool Importer::write(const std::filesystem::path& output, std::string* error)
         {"zaras.inf", closing},
         {"RV.INI",
          "[Rovanel Beallitasok]\r\nTTNemKellLeirasba=NEM\r\nKgyTxtPath=kgy.txt\r\n"
-         "BetegAdatokIniPath=beteg.ini\r\nPathToUpdate=\r\n"},
+         "BetegAdatokIniPath=beteg.ini\r\nPathToUpdate=\r\nKolcsonhatasiAdat=NINCS\r\n"},
     };
     for (const auto& [name, content] : files)
         if (!writeFile(output / name, content, error)) return false;
