@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string>
 
+#include "cli/Commands.h"
 #include "cli/Common.h"
 #include "gen/NeakImport.h"
 
@@ -15,26 +16,24 @@ namespace rovanel::cli
 namespace
 {
 
-constexpr const char* kUsage = "import-neak SOURCE_DIR OUT_DIR [--month YYYYMM] [--also YYYYMM]";
-
 }  // namespace
 
-int runImportNeak(const std::vector<std::string>& args)
+int runImportNeak(const Invocation& call)
 {
     NeakImportOptions options;
     std::vector<std::string> directories;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        const std::string& arg = args[i];
+    for (std::size_t i = 0; i < call.args.size(); ++i) {
+        const std::string& arg = call.args[i];
         if (arg == "--month" || arg == "--also") {
-            if (i + 1 >= args.size()) return usageError(kUsage);
-            (arg == "--month" ? options.month : options.also) = args[++i];
+            if (i + 1 >= call.args.size()) return call.usageError();
+            (arg == "--month" ? options.month : options.also) = call.args[++i];
         } else if (arg.starts_with("--")) {
-            return usageError(kUsage);
+            return call.usageError();
         } else {
             directories.push_back(arg);
         }
     }
-    if (directories.size() != 2) return usageError(kUsage);
+    if (directories.size() != 2) return call.usageError();
 
     const bool terminal = isatty(fileno(stderr)) != 0;
     std::string error;

@@ -14,6 +14,7 @@
 #include "db/MessageCatalog.h"
 #include "gen/DatabaseCheck.h"
 #include "gen/NeakTable.h"
+#include "gen/PictureWriter.h"
 
 namespace rovanel
 {
@@ -931,7 +932,7 @@ bool Importer::write(const std::filesystem::path& output, std::string* error)
     };
     for (const auto& [name, content] : files)
         if (!writeFile(output / name, content, error)) return false;
-    return true;
+    return writePictures(output, error);
 }
 
 }  // namespace

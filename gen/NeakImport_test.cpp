@@ -351,7 +351,7 @@ TEST(NeakImport, SameInputGivesByteIdenticalWindows1250CrLfFiles)
     for (const auto& entry : std::filesystem::directory_iterator(first.path())) {
         const std::string name = entry.path().filename().string(), bytes = first.read(name);
         EXPECT_EQ(bytes, second.read(name)) << name;
-        if (name == "KOD.DAT") continue;
+        if (name == "KOD.DAT" || name.ends_with(".jpg")) continue;
         for (std::size_t i = 0; i < bytes.size(); ++i)
             if (bytes[i] == '\n') {
                 EXPECT_TRUE(i > 0 && bytes[i - 1] == '\r') << name << " byte " << i;

@@ -31,8 +31,8 @@ constexpr int kMainHelpContext = 100;
 QString fromCp1250(const std::string& text) { return QString::fromUtf8(rovanel::cp1250ToUtf8(text)); }
 
 // A menu item whose shortcut another item shares. Qt fires neither of two items with one shortcut;
-// the original's menu fires the first one in menu order, and this item hands the key press to the main
-// window so that it can do the same.
+// Rovanel's menu fires the first one in menu order, and this item hands the key press to the main window
+// so that it does (tst_Rvmain).
 class MenuItem : public QAction
 {
 public:
@@ -175,7 +175,7 @@ void TMain::FormCreate()
 
     // The start-up tables. The hourglass goes back only after a complete load, as it always has.
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    m_state.tables = rovanel::loadStartupTables(QDir::currentPath().toStdString(), rovanel::userIniPath());
+    m_state.openDatabase(QDir::currentPath().toStdString(), rovanel::userIniPath());
     if (m_state.tables.reached == rovanel::LoadStep::Complete) QApplication::restoreOverrideCursor();
 
     if (auto error = rovanel::EnsureRegistryDefaults(*m_registry)) showMessage(this, *error);
@@ -253,7 +253,7 @@ void TMain::closeEvent(QCloseEvent* event)
     emit closed();
 }
 
-void TMain::FormClose() { m_state.tables = rovanel::StartupTables{}; }
+void TMain::FormClose() { m_state.closeDatabase(); }
 
 void TMain::ShowPic()
 {

@@ -1,6 +1,6 @@
 // One Rovanel per user. A second start while a main window whose caption holds "Rovanel" and "Lezárva"
 // exists brings that window to the front and ends with exit code 0 before it creates any window.
-// Windows: the top-level windows are enumerated and their captions compared, as the original does.
+// Windows: the top-level windows are enumerated and their captions compared.
 // Elsewhere: the running main window answers on a local socket named per user (and per settings
 // folder), listening only while its caption holds both words (docs/decisions/single-instance.md).
 #pragma once

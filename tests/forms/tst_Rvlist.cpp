@@ -84,8 +84,8 @@ void TestRvlist::cleanup()
 void TestRvlist::open(const char* ttValue)
 {
     if (ttValue)
-        rovanel::writeProfileString(m_directory / "RV.INI", "Rovanel Beallitasok", "TTNemKellLeirasba",
-                                    ttValue);
+        QVERIFY(rovanel::writeProfileString(m_directory / "RV.INI", "Rovanel Beallitasok",
+                                            "TTNemKellLeirasba", ttValue));
     m_form = std::make_unique<TGylist>(*m_state);
     m_form->show();
 }

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "db/ProductRecord.h"
+
 class QComboBox;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -24,7 +26,7 @@ namespace rovanel::forms
 {
 
 // Shows product `record`'s description under `caption` in the shared description window.
-using DescriptionViewer = std::function<void(std::int32_t record, const QString& caption)>;
+using DescriptionViewer = std::function<void(rovanel::ProductRecord record, const QString& caption)>;
 
 [[nodiscard]] QString fromCp1250(const std::string& text);
 

@@ -61,12 +61,10 @@ TGyKozos::TGyKozos(rovanel::SharedState& state, QWidget* parent) : QWidget(paren
     setHelpContext(this, kHelpContext);
 }
 
-void TGyKozos::showProduct(std::int32_t record, const QString& caption)
+void TGyKozos::showProduct(rovanel::ProductRecord record, const QString& caption)
 {
     m_leiro->clear();
-    rovanel::StyledDocument document;
-    (void)rovanel::buildDescription(m_state.tables, record, document);  // a failure leaves what was built
-    renderInto(m_leiro, document);
+    renderInto(m_leiro, rovanel::buildDescription(m_state.tables, record).document);
     setWindowTitle(caption);
     m_leiro->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     show();

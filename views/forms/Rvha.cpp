@@ -108,7 +108,5 @@ void THaForm::HaGyListClick()
     m_leiro->clear();
     const int row = m_found->currentRow();
     if (row < 0) return;
-    rovanel::StyledDocument document;
-    (void)rovanel::buildDescription(m_state.tables, m_state.found.recordAt(row), document);  // partial stays
-    renderInto(m_leiro, document);
+    renderInto(m_leiro, rovanel::buildDescription(m_state.tables, m_state.found.recordAt(row)).document);
 }

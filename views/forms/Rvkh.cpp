@@ -272,7 +272,7 @@ void TKh::ATCKeresClick()
     const int node = rovanel::forms::selectedNode(m_atcTree);
     if (node < 0) return;
     m_found->clear();
-    m_state.selection.KhResultValid = 0;
+    m_state.selection.markReportOutdated();
     m_eredmeny->clear();
     showResult(rovanel::KhRun(m_state, rovanel::KhMode::AtcGroup, node));
 }
@@ -281,7 +281,7 @@ void TKh::ATCTreeChange()
 {
     m_found->clear();
     m_eredmeny->clear();
-    m_state.selection.KhResultValid = 0;
+    m_state.selection.markReportOutdated();
 }
 
 void TKh::GyMegnezClick()
@@ -304,7 +304,8 @@ void TKh::KhSzedettGyListDblClick()
     const int row = rovanel::forms::selectedRow(m_szedett);
     if (row < 0 || !m_viewer) return;
     const auto& drugSlots = m_state.selection.SzedettGy;
-    const std::int32_t record =
-        static_cast<std::size_t>(row) < drugSlots.size() ? drugSlots[static_cast<std::size_t>(row)] : -1;
+    const rovanel::ProductRecord record = static_cast<std::size_t>(row) < drugSlots.size()
+                                              ? drugSlots[static_cast<std::size_t>(row)]
+                                              : rovanel::kNoProduct;
     m_viewer(record, m_szedett->item(row)->text());
 }

@@ -12,8 +12,7 @@
 #include <QRadioButton>
 #include <QTextEdit>
 
-#include "app/IniFile.h"
-#include "app/UserPaths.h"
+#include "app/HideDeletedSetting.h"
 #include "app/forms/Help.h"
 #include "db/AtcCode.h"
 #include "db/Cp1250.h"
@@ -47,7 +46,6 @@ constexpr const char* kPictureFile = "r1.jpg";
 
 constexpr int kHelpContext = 500;
 constexpr int kLeirasHeight = 470;
-const char* const kTtKey = "TTNemKellLeirasba";
 
 QString unicode(std::string_view cp1250) { return QString::fromUtf8(rovanel::cp1250ToUtf8(cp1250)); }
 
@@ -138,10 +136,7 @@ void TGylist::FormShow()
     QApplication::setOverrideCursor(Qt::WaitCursor);
     m_medicines->setChecked(true);
     fillNames();
-    const std::string value = rovanel::readProfileString(
-        rovanel::settingsFilePath(m_state.tables.dataDirectory), rovanel::kSettingsSection, kTtKey, "", 80);
-    m_state.hideDeleted = value.find("IGEN") != std::string::npos;
-    m_hideDeleted->setChecked(m_state.hideDeleted);
+    m_hideDeleted->setChecked(rovanel::readHideDeletedSetting(m_state));
     m_pictureDisplay = false;
     QApplication::restoreOverrideCursor();
     m_shown = true;
@@ -171,9 +166,7 @@ void TGylist::clearProduct()
 
 void TGylist::TTNemKellClick(bool checked)
 {
-    m_state.hideDeleted = checked;
-    rovanel::writeProfileString(rovanel::settingsFilePath(m_state.tables.dataDirectory),
-                                rovanel::kSettingsSection, kTtKey, checked ? "IGEN" : "NEM");
+    (void)rovanel::writeHideDeletedSetting(m_state, checked);  // unwritten: the choice holds for this run
 }
 
 void TGylist::GylistChange(int index)
@@ -182,10 +175,9 @@ void TGylist::GylistChange(int index)
     if (index < 0) return;  // typing leaves no item chosen
     const auto group = medicinesShown() ? rovanel::NameGroup::Medicines : rovanel::NameGroup::Nutrition;
     m_leiras->hide();
-    rovanel::StyledDocument document;
-    (void)rovanel::buildDescription(m_state.tables,
-                                    rovanel::recordOfListPosition(m_state.tables, group, index), document);
-    renderInto(m_leiras, document);
+    renderInto(m_leiras, rovanel::buildDescription(
+                             m_state.tables, rovanel::recordOfListPosition(m_state.tables, group, index))
+                             .document);
     m_leiras->show();
     // The code table is indexed by the item index, not the record number, for both groups (kept so).
     const auto& codes = m_state.tables.productCodes;
@@ -232,9 +224,7 @@ void TGylist::AzonAtcNevClick(int row)
 {
     if (m_filling || row < 0) return;
     m_leiras->clear();
-    rovanel::StyledDocument document;
-    (void)rovanel::buildDescription(m_state.tables, m_state.found.recordAt(row), document);
-    renderInto(m_leiras, document);
+    renderInto(m_leiras, rovanel::buildDescription(m_state.tables, m_state.found.recordAt(row)).document);
 }
 
 void TGylist::SearchRtf(const QString& text) { searchRtf(m_leiras, text); }

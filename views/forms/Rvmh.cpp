@@ -180,7 +180,8 @@ void TMh::MhSzedettGyListDblClick()
     const int row = rovanel::forms::selectedRow(m_szedett);
     if (row < 0 || !m_viewer) return;
     const auto& drugSlots = m_state.selection.SzedettGy;
-    const std::int32_t record =
-        static_cast<std::size_t>(row) < drugSlots.size() ? drugSlots[static_cast<std::size_t>(row)] : -1;
+    const rovanel::ProductRecord record = static_cast<std::size_t>(row) < drugSlots.size()
+                                              ? drugSlots[static_cast<std::size_t>(row)]
+                                              : rovanel::kNoProduct;
     m_viewer(record, m_szedett->item(row)->text());
 }
