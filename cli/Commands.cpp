@@ -32,6 +32,8 @@ int runRefresh(const Invocation& call);
 int runAid(const Invocation& call);
 int runAidFind(const Invocation& call);
 int runFono(const Invocation& call);
+int runImportNeak(const Invocation& call);
+int runVerify(const Invocation& call);
 
 const std::vector<Command>& commands()
 {
@@ -65,6 +67,8 @@ const std::vector<Command>& commands()
         {"aid", "aid DIR CODE", runAid},
         {"aid-find", "aid-find DIR TEXT [--names]", runAidFind},
         {"fono", "fono DIR K", runFono},
+        {"import-neak", "import-neak SOURCE_DIR OUT_DIR [--month YYYYMM] [--also YYYYMM]", runImportNeak},
+        {"verify", "verify DIR", runVerify},
     };
     return table;
 }

@@ -30,12 +30,15 @@
 #include "db/StartupTables.h"
 #include "db/StyledDocument.h"
 #include "db/TreeFile.h"
+#include "gen/DatabaseCheck.h"
 #include "gen/DatabaseGenerator.h"
 #include "rx/BnoRules.h"
 #include "rx/BnoTree.h"
 #include "rx/PackageData.h"
 #include "rx/Qualification.h"
 #include "pricelist/DetailedList.h"
+#include "gen/NeakImport.h"
+#include "tests/support/NeakSource.h"
 #include "tests/support/TinyDatabase.h"
 
 namespace rovanel
@@ -379,14 +382,14 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
     return checkSearches(tables, probe);
 }
 
-// Runs the readers in a child process so that a crash or a hang fails only this case.
-std::string runWithDeadline(const std::filesystem::path& directory, const Probe& probe)
+// Runs `exercise` in a child process so that a crash or a hang fails only this case.
+std::string runWithDeadline(const std::function<std::string()>& exercise)
 {
     std::fflush(nullptr);
     const pid_t child = fork();
     if (child < 0) return "fork failed";
     if (child == 0) {
-        const std::string broken = exerciseEveryReader(directory, probe);
+        const std::string broken = exercise();
         if (!broken.empty()) std::fprintf(stderr, "broken: %s\n", broken.c_str());
         std::fflush(nullptr);
         _exit(broken.empty() ? 0 : 1);
@@ -404,6 +407,11 @@ std::string runWithDeadline(const std::filesystem::path& directory, const Probe&
     if (WIFSIGNALED(status)) return "crash: signal " + std::to_string(WTERMSIG(status));
     if (WEXITSTATUS(status) != 0) return "an outcome outside the data (see the child's output)";
     return {};
+}
+
+std::string runWithDeadline(const std::filesystem::path& directory, const Probe& probe)
+{
+    return runWithDeadline([&] { return exerciseEveryReader(directory, probe); });
 }
 
 void sweep(const ScratchDirectory& database, const Probe& probe)
@@ -461,6 +469,38 @@ TEST(CorruptionSweep, GeneratedDatabaseSurvivesEveryDamageToEveryFile)
     EXPECT_GE(KhRun(tables, selection, KhMode::Check, 0).found.size(), 4u);
     EXPECT_FALSE(KhRun(tables, selection, KhMode::AtcGroup, planted->contraindicatedGroupNode).found.empty());
     sweep(database, probe);
+}
+
+// The importer's source tables damaged one at a time: the import either refuses with the file named, or
+// writes a database the check finds consistent, and the readers survive it.
+TEST(CorruptionSweep, ImporterRefusesOrWritesAConsistentDatabaseFromEveryDamagedSource)
+{
+    ScratchDirectory source;
+    testing::NeakSource{}.writeTo(source.path());
+    const auto import = [&source] {
+        ScratchDirectory output;
+        std::string error;
+        const auto report = importNeak(source.path(), output.path(), {}, &error);
+        if (!report)
+            return error.starts_with(source.path().string()) ? std::string()
+                                                             : "error without the file: " + error;
+        if (!report->problems.empty()) return "inconsistent output: " + report->problems.front();
+        return exerciseEveryReader(output.path(), Probe{{0, 1}, {}, {0, 1}});
+    };
+    ASSERT_EQ(runWithDeadline(import), "") << "the undamaged tables";
+    const auto list = damages();
+    for (const std::string_view relative :
+         {std::string_view("neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv"), kAtcBookFile,
+          kEuPointsFile, kEuTextsFile}) {
+        const std::string file(relative), original = source.read(file);
+        for (const Damage& damage : list) {
+            source.write(file, damage.apply(original));
+            EXPECT_EQ(runWithDeadline(import), "") << file << ", " << damage.what;
+        }
+        source.remove(file);
+        EXPECT_EQ(runWithDeadline(import), "") << file << ", removed";
+        source.write(file, original);
+    }
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <unordered_set>
 
+#include "app/IniFile.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 #include "db/DrugSelection.h"
@@ -319,10 +320,16 @@ private:
         }
         checkContraindications();
         if (m_nothingFound) {
-            m_result.messages.push_back(Message{messageText(m_tables, msg::kKhNothingFound),
+            // A database marked as holding no interaction data (the real database imported from the
+            // public tables) must not read as a clean result.
+            const int text = readProfileString(dataFilePath(m_tables.dataDirectory, "RV.INI"),
+                                               "Rovanel Beallitasok", "KolcsonhatasiAdat", "") == "NINCS"
+                                 ? msg::kKhNoInteractionData
+                                 : msg::kKhNothingFound;
+            m_result.messages.push_back(Message{messageText(m_tables, text),
                                                 messageText(m_tables, msg::kKhNothingFoundCaption),
                                                 MessageIcon::Information, true});
-            m_result.report += messageText(m_tables, msg::kKhNothingFound);
+            m_result.report += messageText(m_tables, text);
         }
     }
 

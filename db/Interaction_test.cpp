@@ -130,6 +130,25 @@ TEST(KhRunCheck, NothingFoundShowsAndAppendsEntry93)
     EXPECT_TRUE(result.found.empty());
 }
 
+TEST(KhRunCheck, DatabaseMarkedWithoutInteractionDataSaysSoInsteadOfEntry93)
+{
+    EngineDatabase database = basicDatabase();
+    database.products[0].careful.clear();
+    database.products[1].avoid.clear();
+    Fixture fixture(database);
+    fixture.directory.write("RV.INI", "[Rovanel Beallitasok]\r\nKolcsonhatasiAdat=NINCS\r\n");
+    fixture.take({0, 1});
+    const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
+    const std::string text =
+        cp("Ebben az adatbázisban nincsenek kölcsönhatási és ellenjavallati adatok: a vizsgálat nem talált "
+           "semmit, de ez nem jelenti, hogy a gyógyszerek együtt adhatók.");
+    EXPECT_EQ(result.report,
+              cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" + text);
+    ASSERT_EQ(result.messages.size(), 1u);
+    EXPECT_EQ(result.messages[0],
+              (Message{text, cp("Kölcsönhatás vizsgálat"), MessageIcon::Information, true}));
+}
+
 TEST(KhRunCheck, ContraindicationsMatchOverTheShorterLength)
 {
     EngineDatabase database = basicDatabase();

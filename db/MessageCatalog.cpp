@@ -49,6 +49,9 @@ std::vector<std::string> messageCatalogLines()
         {msg::kAidPayableLabel, "Térítési díj:"},
         {msg::kAidStandardNote,
          "Rendelhető a gyógyászati segédeszközök rendelési szabályai szerint, a jogosultság igazolásával."},
+        {msg::kKhNoInteractionData,
+         "Ebben az adatbázisban nincsenek kölcsönhatási és ellenjavallati adatok: a vizsgálat nem talált "
+         "semmit, de ez nem jelenti, hogy a gyógyszerek együtt adhatók."},
         {msg::kMhTooMany,
          "Ehhez a mellékhatáshoz 600-nál több gyógyszer tartozik. Szűkítse a keresést a szedett "
          "gyógyszerekre!"},

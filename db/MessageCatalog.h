@@ -47,6 +47,7 @@ inline constexpr int kAidFullPriceLabel = 120;
 inline constexpr int kAidSupportLabel = 121;
 inline constexpr int kAidPayableLabel = 122;
 inline constexpr int kAidStandardNote = 123;
+inline constexpr int kKhNoInteractionData = 95;
 inline constexpr int kMhTooMany = 144;
 inline constexpr int kMhTooManyCaption = 145;
 inline constexpr int kMhNone = 146;

@@ -68,6 +68,9 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
         {"fono_fuzz", {"fononr.txt", "fononev.dat", "fonoidx.dat", "fono.dat"}},
         // The own magistral list. Segments after the (unused) parameter line: MagiList.txt, a name.
         {"magi_fuzz", {}},
+        // The NEAK source-table reader of the importer: the first byte picks the layout, the rest is
+        // the table's text.
+        {"neaktable_fuzz", {}},
     };
     return layouts;
 }

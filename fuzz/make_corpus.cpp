@@ -195,6 +195,20 @@ int main(int argc, char** argv)
                 folder, number++,
                 separator + std::string(150, 'x') + "\r\n\r\n" + separator + "a\rb" + separator + "a\n");
         }
+        if (layout.target == "neaktable_fuzz") {
+            writeSeed(folder, number++,
+                      std::string("\x00") +
+                          "IDOSZAK,TTT,NEV,DOBOZ\n\"202501\",\"210712376\",\"ABASAGLAR \"\"100\"\"\",77.5\n"
+                          "\"202501\",\"210342333\",\"AMLODIPIN, SANDOZ\",-1\n");
+            writeSeed(folder, number++,
+                      std::string("\x01") +
+                          "ATC\tMEGNEV\tANGOL\r\n\"C08CA01\"\t\"amlodipin\"\t\"amlodipine\"\r\n"
+                          "\"A\"\t\"T\xE1pcsatorna\"\t\r\n");
+            writeSeed(folder, number++,
+                      std::string("\x02") +
+                          "\xEF\xBB\xBFID;EUPONT_ID;NDX;LEIRAS\n1;99;1;\"els\xC5\x91\nsor_x000d_\"\n"
+                          "2;99;2;m\xC3\xA1sodik\n");
+        }
         if (layout.target == "ini_fuzz") {
             writeSeed(folder, number++,
                       "[Rovanel Beallitasok]\r\nKgyTxtPath=C:\\kgy.txt\r\n\r\n[BetegAdatok]\r\nNev=\"Kiss "

@@ -207,13 +207,14 @@ struct Block {
 class Checker
 {
 public:
-    explicit Checker(const std::filesystem::path& directory) : m_directory(directory) {}
+    Checker(const std::filesystem::path& directory, CheckMode mode) : m_directory(directory), m_mode(mode) {}
     std::vector<std::string> run();
 
 private:
     void checkBlock(std::size_t record, std::string_view block, const std::string& code);
 
     std::filesystem::path m_directory;
+    CheckMode m_mode;
     Problems m_problems;
     std::map<std::string, std::string, std::less<>> m_files;
     std::vector<Block> m_blocks;
@@ -326,7 +327,9 @@ void Checker::checkBlock(std::size_t record, std::string_view block, const std::
                 if (!validCode(line) || line.size() > 11) {
                     m_problems.add("code", where + "bad interaction code " + std::string(line));
                 } else if (line.size() == 11) {
-                    if (++m_longLines > 1)
+                    if (m_mode == CheckMode::AnyDatabase)
+                        m_problems.add("code", where + "11-character interaction code " + std::string(line));
+                    else if (++m_longLines > 1)
                         m_problems.add("code", where + "a second 11-character interaction line");
                 } else {
                     m_interactionCodes.emplace_back(record, line);
@@ -479,7 +482,7 @@ std::vector<std::string> Checker::run()
         if (!ownPrefixes.count(code))
             problems.add("interaction", "gy.ful record " + std::to_string(record) + ": interaction code " +
                                             code + " matches no own code");
-    if (m_longLines != 1 && n > 0)
+    if (m_mode == CheckMode::Generated && m_longLines != 1 && n > 0)
         problems.add("interaction", "gy.ful: expected exactly one planted 11-character interaction line");
 
     // Short texts and pairs.
@@ -637,9 +640,9 @@ std::vector<std::string> Checker::run()
 
 }  // namespace
 
-std::vector<std::string> checkDatabase(const std::filesystem::path& directory)
+std::vector<std::string> checkDatabase(const std::filesystem::path& directory, CheckMode mode)
 {
-    Checker checker(directory);
+    Checker checker(directory, mode);
     return checker.run();
 }
 

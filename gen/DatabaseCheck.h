@@ -11,9 +11,14 @@
 namespace rovanel
 {
 
+// Generated: the generator's planted over-long code line (one 11-character line in one careful or
+// avoid section of the whole database) must be there. AnyDatabase (imported or shipped directories):
+// no planted case is demanded, and an 11-character code line is a problem like any other.
+enum class CheckMode { Generated, AnyDatabase };
+
 // Human-readable problems (file name first), at most a few per kind; empty when the directory is
-// consistent. An 11-character line in one careful or avoid section of the whole database is accepted:
-// it is the generator's planted over-long code line.
-[[nodiscard]] std::vector<std::string> checkDatabase(const std::filesystem::path& directory);
+// consistent.
+[[nodiscard]] std::vector<std::string> checkDatabase(const std::filesystem::path& directory,
+                                                     CheckMode mode = CheckMode::Generated);
 
 }  // namespace rovanel

@@ -1,0 +1,67 @@
+// rvcli import-neak SOURCE_DIR OUT_DIR [--month YYYYMM] [--also YYYYMM]: writes a database from the
+// public NEAK tables, checks it, and prints the counts and warnings. Exit 1 when an input is missing or
+// malformed, or the check finds the output inconsistent; 2 on a usage error.
+#include <unistd.h>
+
+#include <cstdio>
+#include <string>
+
+#include "cli/Commands.h"
+#include "cli/Common.h"
+#include "gen/NeakImport.h"
+
+namespace rovanel::cli
+{
+
+namespace
+{
+
+}  // namespace
+
+int runImportNeak(const Invocation& call)
+{
+    NeakImportOptions options;
+    std::vector<std::string> directories;
+    for (std::size_t i = 0; i < call.args.size(); ++i) {
+        const std::string& arg = call.args[i];
+        if (arg == "--month" || arg == "--also") {
+            if (i + 1 >= call.args.size()) return call.usageError();
+            (arg == "--month" ? options.month : options.also) = call.args[++i];
+        } else if (arg.starts_with("--")) {
+            return call.usageError();
+        } else {
+            directories.push_back(arg);
+        }
+    }
+    if (directories.size() != 2) return call.usageError();
+
+    const bool terminal = isatty(fileno(stderr)) != 0;
+    std::string error;
+    const auto report =
+        importNeak(directories[0], directories[1], options, &error, [&](std::string_view stage) {
+            if (terminal)
+                std::fprintf(stderr, "import-neak: %.*s\n", static_cast<int>(stage.size()), stage.data());
+        });
+    if (!report) {
+        std::fprintf(stderr, "rvcli: %s\n", error.c_str());
+        return 1;
+    }
+    const NeakImportReport& r = *report;
+    std::printf("turnover rows: %d, products left out by kind: %d\n", r.turnoverRows, r.excluded);
+    std::printf("products: %d (medicines %d, nutrition %d, others %d; only in the older month %d, new %d)\n",
+                r.products, r.medicines, r.nutrition, r.others, r.olderOnly, r.newProducts);
+    std::printf(
+        "ATC groups: %d (filled levels %d), ingredients: %d, forms: %d, regulations: %d (placeholders %d)\n",
+        r.atcGroups, r.pseudoGroups, r.ingredients, r.forms, r.regulations, r.placeholders);
+    std::printf("names cut: %d, name clashes resolved: %d, without price: %d, without daily doses: %d\n",
+                r.namesCut, r.nameClashes, r.withoutPrice, r.withoutDailyDoses);
+    std::printf("ATC codes without a name: %d, products with placeholder points: %d\n", r.groupsWithoutName,
+                r.withPlaceholder);
+    std::printf("interaction, contraindication and side-effect data: none in the source\n");
+    for (const std::string& warning : r.warnings) std::printf("warning: %s\n", toUtf8(warning).c_str());
+    for (const std::string& problem : r.problems) std::printf("check: %s\n", toUtf8(problem).c_str());
+    std::printf(r.problems.empty() ? "database check: consistent\n" : "database check: INCONSISTENT\n");
+    return r.problems.empty() ? 0 : 1;
+}
+
+}  // namespace rovanel::cli

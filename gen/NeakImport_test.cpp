@@ -1,0 +1,419 @@
+#include "gen/NeakImport.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+
+#include "db/Cp1250.h"
+#include "db/DataFile.h"
+#include "gen/DatabaseCheck.h"
+#include "gen/NeakTable.h"
+#include "tests/support/NeakSource.h"
+#include "tests/support/ScratchDirectory.h"
+
+namespace rovanel
+{
+namespace
+{
+
+using testing::NeakSource;
+using testing::ScratchDirectory;
+
+const TableLayout kThreeColumns{"t.csv", ';', SourceEncoding::Utf8, {"ID", "KOD", "LEIRAS"}};
+
+TEST(NeakTable, ReadsQuotedFieldsLineEndsAndEncodings)
+{
+    struct Case {
+        const char* what;
+        std::string_view content;
+        SourceEncoding encoding;
+        std::vector<std::vector<std::string>> rows;
+    };
+    const Case cases[] = {
+        {"plain, LF", "ID;KOD;LEIRAS\n1;A;b\n", SourceEncoding::Utf8, {{"1", "A", "b"}}},
+        {"CR LF and no final line end",
+         "ID;KOD;LEIRAS\r\n1;A;b\r\n2;;c",
+         SourceEncoding::Utf8,
+         {{"1", "A", "b"}, {"2", "", "c"}}},
+        {"quoted delimiter and doubled quote",
+         "ID;KOD;LEIRAS\n1;\"A;B\";\"say \"\"hi\"\"\"\n",
+         SourceEncoding::Utf8,
+         {{"1", "A;B", "say \"hi\""}}},
+        {"quoted text spanning lines",
+         "ID;KOD;LEIRAS\n1;A;\"first\nsecond\"\n2;B;c\n",
+         SourceEncoding::Utf8,
+         {{"1", "A", "first\nsecond"}, {"2", "B", "c"}}},
+        {"byte-order mark and blank lines",
+         "\xEF\xBB\xBFID;KOD;LEIRAS\n\n1;A;b\n\n",
+         SourceEncoding::Utf8,
+         {{"1", "A", "b"}}},
+        {"UTF-8 becomes Windows-1250",
+         "ID;KOD;LEIRAS\n1;\xC3\x89;\xC5\x91\n",
+         SourceEncoding::Utf8,
+         {{"1", "\xC9", "\xF5"}}},
+        {"Windows-1250 stays as it is",
+         "ID;KOD;LEIRAS\n1;\xC9;\xF5\n",
+         SourceEncoding::Cp1250,
+         {{"1", "\xC9", "\xF5"}}},
+    };
+    for (const Case& c : cases) {
+        TableLayout layout = kThreeColumns;
+        layout.encoding = c.encoding;
+        std::string error;
+        const auto table = parseSourceTable(c.content, layout, &error);
+        ASSERT_TRUE(table) << c.what << ": " << error;
+        EXPECT_EQ(table->rows, c.rows) << c.what;
+    }
+}
+
+TEST(NeakTable, RefusesWrongHeadersAndRecordsNamingFileAndColumnOrLine)
+{
+    struct Case {
+        const char* what;
+        std::string_view content;
+        const char* error;
+    };
+    const Case cases[] = {
+        {"renamed column", "ID;KODX;LEIRAS\n", "t.csv: column 2 is \"KODX\", expected \"KOD\""},
+        {"missing column", "ID;KOD\n", "t.csv: column 3 is missing, expected \"LEIRAS\""},
+        {"extra column", "ID;KOD;LEIRAS;X\n", "t.csv: column 4 \"X\" is not in the layout"},
+        {"other delimiter", "ID,KOD,LEIRAS\n", "t.csv: column 1 is \"ID,KOD,LEIRAS\", expected \"ID\""},
+        {"empty file", "", "t.csv: empty, expected the header \"ID\"..."},
+        {"short record", "ID;KOD;LEIRAS\n1;A;b\n2;B\n", "t.csv line 3: 2 fields, expected 3"},
+        {"quote never closed", "ID;KOD;LEIRAS\n1;A;b\n2;B;\"open\n\n",
+         "t.csv line 3: a quoted field is not closed"},
+    };
+    for (const Case& c : cases) {
+        std::string error;
+        EXPECT_FALSE(parseSourceTable(c.content, kThreeColumns, &error)) << c.what;
+        EXPECT_EQ(error, c.error) << c.what;
+    }
+}
+
+TEST(NeakImportNames, DisplayNameKeepsThePackAndFitsFortyEightBytes)
+{
+    struct Case {
+        const char* name;
+        const char* pack;
+        const char* expected;
+        bool cut;
+    };
+    const Case cases[] = {
+        {"AMLODIPIN SANDOZ 5 MG TABLETTA", "30x buborékcsomagolásban (al//pvc)",
+         "AMLODIPIN SANDOZ 5 MG TABLETTA 30X", false},
+        {"ABASAGLAR 100 EGYSÉG/ML OLDATOS INJEKCIÓ PATRONBAN", "10x3ml patronban",
+         "ABASAGLAR 100 EGYSÉG/ML OLD.INJ. PATRONB 10X3 ML", true},
+        {"X SZIRUP", "1x100 ml üvegben", "X SZIRUP 1X100 ML", false},
+        {"Y OLDAT", "200 ml", "Y OLDAT 200 ML", false},
+        {"Z KRÉM", "tubusban", "Z KRÉM", false},
+        {"ATROPINUM SULFURICUM-EGIS 1 MG/ML OLDATOS INJEKCIÓ", "10x1 ml",
+         "ATROPINUM SULFURICUM-EGIS 1 MG/ML OLD.IN 10X1 ML", true},
+        {"NAGYON HOSSZU NEV AMI SEMMI ROVIDITHETOT NEM TARTALMAZ", "28x",
+         "NAGYON HOSSZU NEV AMI SEMMI ROVIDITHETOT NEM 28X", true},
+    };
+    for (const Case& c : cases) {
+        bool cut = false;
+        const std::string name = displayName(utf8ToCp1250(c.name), utf8ToCp1250(c.pack), &cut);
+        EXPECT_EQ(cp1250ToUtf8(name), c.expected) << c.name;
+        EXPECT_LE(name.size(), 48u) << c.name;
+        EXPECT_EQ(cut, c.cut) << c.name;
+    }
+}
+
+// One product of an imported directory, found by its TTT.
+struct Imported {
+    std::int32_t record = -1;
+    std::string name, code, own, price, normative;
+    std::vector<std::string> support;  // the 22 fields
+};
+
+std::map<std::string, Imported> importedProducts(const std::filesystem::path& directory)
+{
+    std::map<std::string, Imported> products;
+    const std::string gyful = readWholeFile(directory / "gy.ful").value_or("");
+    const std::string names = readWholeFile(directory / "nevrend.dat").value_or("");
+    std::vector<std::string> lines;
+    std::size_t from = 0;
+    for (std::size_t end; (end = gyful.find("\r\n", from)) != std::string::npos; from = end + 2)
+        lines.push_back(gyful.substr(from, end - from));
+    std::int32_t record = 0;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (i + 6 >= lines.size() || lines[i + 2] != "#ar") continue;
+        Imported product;
+        product.record = record;
+        product.code = lines[i];
+        product.own = lines[i + 1];
+        product.price = lines[i + 3];
+        product.normative = lines[i + 4];
+        static constexpr std::string_view kDelimiters = ";;;;;;;;^@#$*[]{}()\xB3@";
+        std::string_view support = lines[i + 6];
+        for (char delimiter : kDelimiters) {
+            const std::size_t at = support.find(delimiter);
+            product.support.emplace_back(support.substr(0, at));
+            support.remove_prefix(at == std::string_view::npos ? support.size() : at + 1);
+        }
+        product.support.emplace_back(support);
+        std::string name = names.substr(static_cast<std::size_t>(record) * 50, 48);
+        while (!name.empty() && name.back() == ' ') name.pop_back();
+        product.name = cp1250ToUtf8(name);
+        products[product.support[10]] = product;
+        ++record;
+    }
+    return products;
+}
+
+TEST(NeakImport, AppliesThePriceSupportCodeAndNameDecisions)
+{
+    ScratchDirectory source, output;
+    NeakSource{}.writeTo(source.path());
+    std::string error;
+    const auto report = importNeak(source.path(), output.path(), {}, &error);
+    ASSERT_TRUE(report) << error;
+    EXPECT_EQ(report->problems, std::vector<std::string>());
+    const auto products = importedProducts(output.path());
+    ASSERT_EQ(products.size(), 10u);
+    EXPECT_FALSE(products.count("110000009"));  // magistral material
+
+    struct Case {
+        const char* ttt;
+        const char* name;
+        const char* own;
+        const char* price;
+        const char* normative;
+        const char* doses;       // field 1
+        const char* categories;  // field 5
+        const char* supports;    // field 6
+        const char* publicCare;  // field 8
+    };
+    const Case cases[] = {
+        {"210000001", "INSULA 100 EGYSÉG/ML OLD.INJ. PATRONBAN 10X3 ML", "A10AE-04", "24332", "0", "75",
+         "524", "*E50 12166,K100 24032", "1"},
+        {"210000002", "AMLO 5 MG TABLETTA 30X", "C08CA-01", "1000", "550", "30", "255", "-", "0"},
+        {"210000003", "AMLO 10 MG TABLETTA 30X", "C08CA-01", "1000", "250", "30", "455", "-", "0"},
+        {"210000004", "AMLO 20 MG TABLETTA 30X", "C08CA-01", "1000", "800", "30", "155", "-", "1"},
+        {"210000005", "NOPACK 1 MG TABLETTA 20X", "C08CA-01", "0", "0", "0", "---", "-", "0"},
+        {"210001111", "TWIN 80 MG FILMTABLETTA 28X (1111)", "M04AA-03", "1000", "0", "28", "525", "_E90 900",
+         "0"},
+        {"210002222", "TWIN 80 MG FILMTABLETTA 28X (2222)", "M04AA-03", "1000", "0", "28", "525", "*E50 500",
+         "0"},
+        {"210000006", "MIGR 2 MG TABLETTA 6X", "N02C0-00", "500", "0", "6", "---", "-", "0"},
+        {"270000007", "HOMEO GLOBULI 1X4 G", "X01AA-01", "900", "0", "0", "---", "-", "0"},
+        {"230000008", "NUTRI VANÍLIA 4X200 ML", "T02AA-01", "1000", "900", "4", "155", "-", "0"},
+    };
+    for (const Case& c : cases) {
+        ASSERT_TRUE(products.count(c.ttt)) << c.ttt;
+        const Imported& p = products.at(c.ttt);
+        EXPECT_EQ(p.name, c.name) << c.ttt;
+        EXPECT_EQ(p.own, c.own) << c.ttt;
+        EXPECT_EQ(p.code.substr(0, 8), c.own) << c.ttt;
+        EXPECT_EQ(p.price, c.price) << c.ttt;
+        EXPECT_EQ(p.normative, c.normative) << c.ttt;
+        ASSERT_EQ(p.support.size(), 22u) << c.ttt;
+        EXPECT_EQ(p.support[0], c.doses) << c.ttt;
+        EXPECT_EQ(p.support[4], c.categories) << c.ttt;
+        EXPECT_EQ(p.support[5], c.supports) << c.ttt;
+        EXPECT_EQ(p.support[7], c.publicCare) << c.ttt;
+    }
+    // Medicines first, then nutrition, then the others; each group in name order.
+    EXPECT_EQ(products.at("230000008").record, 8);
+    EXPECT_EQ(products.at("270000007").record, 9);
+    EXPECT_LT(products.at("210000003").record, products.at("210000004").record);  // AMLO 10 before AMLO 20
+
+    EXPECT_EQ(report->medicines, 8);
+    EXPECT_EQ(report->nutrition, 1);
+    EXPECT_EQ(report->others, 1);
+    EXPECT_EQ(report->excluded, 1);
+    EXPECT_EQ(report->nameClashes, 2);
+    EXPECT_EQ(report->withoutPrice, 1);
+    EXPECT_EQ(report->withoutDailyDoses, 1);
+    EXPECT_EQ(report->groupsWithoutName, 0);
+}
+
+TEST(NeakImport, WritesTheEuPointsAndPlaceholdersAsRegulationLines)
+{
+    ScratchDirectory source, output;
+    NeakSource{}.writeTo(source.path());
+    std::string error;
+    ASSERT_TRUE(importNeak(source.path(), output.path(), {}, &error)) << error;
+    EXPECT_EQ(
+        cp1250ToUtf8(output.read("rend.dat")),
+        "EU8/a1\t-\telső sor második\r\n"
+        "_EU5\t-\temelt\r\n"
+        "&EU12\t-\t(az EÜ pont szövege nincs a forrásban)\r\n"
+        "*EU12/b\t-\t(az EÜ pont szövege nincs a forrásban)\r\n"
+        "K100\t-\tKiemelt támogatás: a termék EÜ pontja a NEAK nyilvános adataiból nem állapítható meg. "
+        "Kiemelt jogcímen a pont ismeretében, a rendelet szerint rendelhető.\r\n"
+        "_E90\t-\tEmelt 90 %: a termék EÜ pontja a NEAK nyilvános adataiból nem állapítható meg. Emelt "
+        "jogcímen a pont ismeretében, a rendelet szerint rendelhető.\r\n"
+        "&E70\t-\tEmelt 70 %: a termék EÜ pontja a NEAK nyilvános adataiból nem állapítható meg. Emelt "
+        "jogcímen a pont ismeretében, a rendelet szerint rendelhető.\r\n"
+        "*E50\t-\tEmelt 50 %: a termék EÜ pontja a NEAK nyilvános adataiból nem állapítható meg. Emelt "
+        "jogcímen a pont ismeretében, a rendelet szerint rendelhető.\r\n");
+    EXPECT_EQ(output.read("inf.dat"), "10,30,0,0,4,0,0,25,25,8,1,1,1\r\n");
+    EXPECT_EQ(output.read("zaras.inf"), "20250131\r\n2025.01.31\r\n");
+    // Filled levels take the name of the source code's level; a substance without a name takes the
+    // turnover's.
+    const std::string levels = cp1250ToUtf8(output.read("atcnren5.dat"));
+    EXPECT_NE(levels.find("N02C000  Migrén elleni készítmények"), std::string::npos) << levels;
+    EXPECT_NE(levels.find("M04AA03  febuxostat"), std::string::npos) << levels;
+}
+
+TEST(NeakImport, RefusesMalformedSourcesNamingFileAndColumnOrLine)
+{
+    struct Case {
+        const char* what;
+        void (*damage)(NeakSource&);
+        const char* file;
+        const char* error;
+    };
+    const Case cases[] = {
+        {"renamed turnover column",
+         [](NeakSource& s) { s.turnover.replace(s.turnover.find("DOBOZ"), 5, "DARAB"); },
+         "neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv",
+         ": column 12 is \"DARAB\", expected \"DOBOZ\""},
+        {"money that is not a number",
+         [](NeakSource& s) { s.turnover.replace(s.turnover.find("77.5"), 4, "77,5"); },
+         "neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv", " line 2: 18 fields, expected 17"},
+        {"pack count with a letter",
+         [](NeakSource& s) { s.turnover.replace(s.turnover.find("77.5"), 4, "77x5"); },
+         "neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv",
+         " line 2: column DOBOZ is not a number: \"77x5\""},
+        {"ATC book in another layout", [](NeakSource& s) { s.book.replace(0, 3, "KOD"); },
+         "neak_puphax/ATCKONYV.csv", ": column 1 is \"KOD\", expected \"ATC\""},
+        {"EU points without a column",
+         [](NeakSource& s) { s.points.replace(s.points.find(";IND_TIP"), 8, ""); },
+         "neak_pupha_2024-03/EUPONTOK.csv", ": column 5 is missing, expected \"IND_TIP\""},
+        {"texts cut inside a quote", [](NeakSource& s) { s.texts = "ID;EUPONT_ID;NDX;LEIRAS\n10;1;1;\"cut"; },
+         "neak_pupha_2024-03/EUINDIKACIOK.csv", " line 2: a quoted field is not closed"},
+        {"no EU texts", [](NeakSource& s) { s.texts.clear(); }, "neak_pupha_2024-03/EUINDIKACIOK.csv",
+         ": empty, expected the header \"ID\"..."},
+    };
+    for (const Case& c : cases) {
+        ScratchDirectory source, output;
+        NeakSource tables;
+        c.damage(tables);
+        tables.writeTo(source.path());
+        std::string error;
+        EXPECT_FALSE(importNeak(source.path(), output.path(), {}, &error)) << c.what;
+        EXPECT_EQ(error, (source.path() / c.file).string() + c.error) << c.what;
+    }
+
+    ScratchDirectory source, output;
+    NeakSource{}.writeTo(source.path());
+    std::string error;
+    EXPECT_FALSE(importNeak(source.path(), output.path(), {.month = "202412", .also = ""}, &error));
+    EXPECT_EQ(error,
+              (source.path() / "neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202412.csv").string() +
+                  ": missing or unreadable");
+    EXPECT_FALSE(importNeak(source.path(), output.path(), {.month = "2025-1", .also = ""}, &error));
+    EXPECT_EQ(error, "a month is YYYYMM, and --also names another month");
+}
+
+TEST(NeakImport, OlderMonthAddsItsProductsAndMarksTheNewOnes)
+{
+    ScratchDirectory source, output;
+    NeakSource tables;
+    tables.writeTo(source.path());
+    std::string older =
+        tables.turnover.substr(0, tables.turnover.find('\n') + 1) +
+        "\"202401\",\"AMLO\",2,\"210000002\",\"AMLO 5 MG TABLETTA\",\"30x\",\"T-1\",\"C08CA01\","
+        "\"amlodipin\",\"G\",\"Normatív\",1,30,100,999,899,0\n"
+        "\"202401\",\"OLD\",9,\"210000099\",\"OLD 1 MG TABLETTA\",\"30x\",\"T-9\",\"C08CA01\","
+        "\"amlodipin\",\"G\",\"Normatív\",2,60,1000,2000,1000,0\n";
+    std::ofstream(source.path() / "neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202401.csv",
+                  std::ios::binary)
+        << older;
+    std::string error;
+    const auto report =
+        importNeak(source.path(), output.path(), {.month = "202501", .also = "202401"}, &error);
+    ASSERT_TRUE(report) << error;
+    EXPECT_EQ(report->problems, std::vector<std::string>());
+    const auto products = importedProducts(output.path());
+    EXPECT_EQ(products.size(), 11u);
+    EXPECT_EQ(products.at("210000099").price, "1000");  // from the older month
+    EXPECT_EQ(products.at("210000002").price, "1000");  // the newer month wins
+    EXPECT_EQ(products.at("210000002").support[9], "1");
+    EXPECT_EQ(products.at("210000099").support[9], "1");
+    EXPECT_EQ(products.at("210000003").support[9], "0");  // not in the older month: new
+    EXPECT_EQ(report->olderOnly, 1);
+    EXPECT_EQ(report->newProducts, 9);
+}
+
+TEST(NeakImport, SameInputGivesByteIdenticalWindows1250CrLfFiles)
+{
+    ScratchDirectory source, first, second;
+    NeakSource{}.writeTo(source.path());
+    std::string error;
+    ASSERT_TRUE(importNeak(source.path(), first.path(), {}, &error)) << error;
+    ASSERT_TRUE(importNeak(source.path(), second.path(), {}, &error)) << error;
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(first.path())) {
+        const std::string name = entry.path().filename().string(), bytes = first.read(name);
+        EXPECT_EQ(bytes, second.read(name)) << name;
+        if (name == "KOD.DAT" || name.ends_with(".jpg")) continue;
+        for (std::size_t i = 0; i < bytes.size(); ++i)
+            if (bytes[i] == '\n') {
+                EXPECT_TRUE(i > 0 && bytes[i - 1] == '\r') << name << " byte " << i;
+            }
+        ++files;
+    }
+    EXPECT_EQ(files, 27);
+    EXPECT_NE(first.read("nevrend.dat").find("INSULA 100 EGYS\xC9G/ML"), std::string::npos);
+}
+
+#ifdef ROVANEL_REAL_DB
+// The bundled real database, imported at build time from data/vendor/neak: consistent, the same bytes
+// as a fresh import, and the figures of named products as the turnover rows give them.
+TEST(NeakImportRealData, BundledDatabaseIsConsistentReproducibleAndHoldsTheRealFigures)
+{
+    const std::filesystem::path real = ROVANEL_REAL_DB;
+    EXPECT_EQ(checkDatabase(real, CheckMode::AnyDatabase), std::vector<std::string>());
+    ScratchDirectory again;
+    std::string error;
+    const auto report =
+        importNeak(std::filesystem::path(ROVANEL_SOURCE_DIR) / "data/vendor/neak", again.path(), {}, &error);
+    ASSERT_TRUE(report) << error;
+    for (const auto& entry : std::filesystem::directory_iterator(again.path())) {
+        const std::string name = entry.path().filename().string();
+        EXPECT_EQ(again.read(name), readWholeFile(real / name).value_or("")) << name;
+    }
+    EXPECT_EQ(report->products, 3677);
+    EXPECT_EQ(report->medicines, 3460);
+    EXPECT_EQ(report->nutrition, 214);
+    EXPECT_EQ(report->others, 3);
+    EXPECT_EQ(report->regulations, 233);
+
+    // Hand-checked against the turnover rows (FOGYAR/DOBOZ, TBTAM/DOBOZ by title, DOTFORG/DOBOZ).
+    struct Case {
+        const char* ttt;
+        const char* name;
+        const char* price;
+        const char* normative;
+        const char* doses;
+        const char* supports;
+    };
+    const Case cases[] = {
+        {"210712376", "ABASAGLAR 100 EGYSÉG/ML OLD.INJ. PATRONB 10X3 ML", "24332", "0", "75",
+         "*E50 12166,K100 24032"},
+        {"210342333", "AMLODIPIN SANDOZ 5 MG TABLETTA 30X", "295", "219", "30", "-"},
+        {"210342414", "AMLODIPIN SANDOZ 10 MG TABLETTA 30X", "547", "391", "60", "-"},
+        {"210514697", "ADENURIC 80 MG FILMTABLETTA 28X (4697)", "4914", "0", "28", "*E50 2082"},
+        {"210763759", "ADENURIC 80 MG FILMTABLETTA 28X (3759)", "4914", "0", "28", "*E50 2082"},
+    };
+    const auto products = importedProducts(real);
+    EXPECT_EQ(products.size(), 3677u);
+    for (const Case& c : cases) {
+        ASSERT_TRUE(products.count(c.ttt)) << c.ttt;
+        const Imported& p = products.at(c.ttt);
+        EXPECT_EQ(p.name, c.name) << c.ttt;
+        EXPECT_EQ(p.price, c.price) << c.ttt;
+        EXPECT_EQ(p.normative, c.normative) << c.ttt;
+        EXPECT_EQ(p.support[0], c.doses) << c.ttt;
+        EXPECT_EQ(p.support[5], c.supports) << c.ttt;
+    }
+}
+#endif
+
+}  // namespace
+}  // namespace rovanel
