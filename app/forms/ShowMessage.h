@@ -9,7 +9,7 @@
 class QWidget;
 
 // Shows `message` (Windows-1250 text and caption) as a modal message box over `owner`. An empty
-// caption shows the application's title, as the original's message boxes do. A task-modal message is
+// caption shows the application's title, as every Rovanel message box does. A task-modal message is
 // shown without owner.
 void showMessage(QWidget* owner, const rovanel::Message& message);
 
