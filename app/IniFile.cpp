@@ -18,27 +18,6 @@ namespace rovanel
 namespace
 {
 
-std::string_view stripBlanks(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos) return {};
-    const std::size_t last = text.find_last_not_of(" \t\r\n");
-    return text.substr(first, last - first + 1);
-}
-
-bool sameName(std::string_view a, std::string_view b)
-{
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        char x = a[i];
-        char y = b[i];
-        if (x >= 'a' && x <= 'z') x = static_cast<char>(x - 'a' + 'A');
-        if (y >= 'a' && y <= 'z') y = static_cast<char>(y - 'a' + 'A');
-        if (x != y) return false;
-    }
-    return true;
-}
-
 // A section header "[name]" gives the name; anything else gives nothing.
 std::optional<std::string_view> sectionName(std::string_view line)
 {
@@ -79,13 +58,13 @@ std::optional<std::string> findProfileValue(std::string_view content, std::strin
     bool inSection = false;
     for (const Line& line : splitLines(content)) {
         if (const auto name = sectionName(line.text)) {
-            inSection = sameName(*name, section);
+            inSection = equalsIgnoringAsciiCase(*name, section);
             continue;
         }
         if (!inSection) continue;
         const std::size_t equals = line.text.find('=');
         if (equals == std::string_view::npos) continue;
-        if (!sameName(stripBlanks(line.text.substr(0, equals)), key)) continue;
+        if (!equalsIgnoringAsciiCase(stripBlanks(line.text.substr(0, equals)), key)) continue;
         std::string_view value = stripBlanks(line.text.substr(equals + 1));
         if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
             value.back() == value.front())
@@ -105,13 +84,14 @@ std::string setProfileValue(std::string_view content, std::string_view section, 
     for (const Line& line : lines) {
         if (const auto name = sectionName(line.text)) {
             if (inSection) break;
-            inSection = sameName(*name, section);
+            inSection = equalsIgnoringAsciiCase(*name, section);
             if (inSection) sectionEnd = line.end;
             continue;
         }
         if (!inSection) continue;
         const std::size_t equals = line.text.find('=');
-        if (equals != std::string_view::npos && sameName(stripBlanks(line.text.substr(0, equals)), key)) {
+        if (equals != std::string_view::npos &&
+            equalsIgnoringAsciiCase(stripBlanks(line.text.substr(0, equals)), key)) {
             std::string result(content.substr(0, line.begin));
             result += newLine;
             result += content.substr(line.end);

@@ -20,8 +20,8 @@ namespace rovanel
 
 // Sets `key` in `section`, creating the section, key and file as needed. False when the file cannot
 // be written; the old file is then left unchanged.
-bool writeProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
-                        std::string_view value);
+[[nodiscard]] bool writeProfileString(const std::filesystem::path& file, std::string_view section,
+                                      std::string_view key, std::string_view value);
 
 // The same lookups on content already in memory (for tests and fuzzing).
 [[nodiscard]] std::optional<std::string> findProfileValue(std::string_view content, std::string_view section,
@@ -30,6 +30,6 @@ bool writeProfileString(const std::filesystem::path& file, std::string_view sect
                                           std::string_view key, std::string_view value);
 
 // Writes `content` to `file` atomically (temporary file in the same directory, flushed, renamed).
-bool writeFileAtomically(const std::filesystem::path& file, std::string_view content);
+[[nodiscard]] bool writeFileAtomically(const std::filesystem::path& file, std::string_view content);
 
 }  // namespace rovanel

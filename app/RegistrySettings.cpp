@@ -10,6 +10,7 @@
 #include "app/UserPaths.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
+#include "db/Text.h"
 
 namespace rovanel
 {
@@ -232,25 +233,10 @@ std::optional<Message> EnsureRegistryDefaults(RegistryStore& store, std::span<co
 namespace
 {
 
-std::string upperAscii(std::string_view text)
-{
-    std::string result(text);
-    for (char& c : result)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    return result;
-}
-
 std::string_view withoutLeadingBackslash(std::string_view key)
 {
     if (!key.empty() && key.front() == '\\') key.remove_prefix(1);
     return key;
-}
-
-std::string_view strip(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
 }
 
 int hexDigit(char c)
@@ -400,11 +386,12 @@ private:
         std::string_view rest = *text;
         while (!rest.empty()) {
             const std::size_t newline = rest.find('\n');
-            const std::string_view line = strip(rest.substr(0, newline));
+            const std::string_view line = stripBlanks(rest.substr(0, newline));
             rest = newline == std::string_view::npos ? std::string_view{} : rest.substr(newline + 1);
             if (line.empty() || line.front() == ';') continue;
             if (line.front() == '[' && line.back() == ']') {
-                const std::string_view path = withoutLeadingBackslash(strip(line.substr(1, line.size() - 2)));
+                const std::string_view path =
+                    withoutLeadingBackslash(stripBlanks(line.substr(1, line.size() - 2)));
                 const auto [position, added] =
                     keyPositions.try_emplace(upperAscii(path), content.keys.size());
                 if (added) {
@@ -417,10 +404,11 @@ private:
             }
             const std::size_t equals = line.find('=');
             if (!inKey || equals == std::string_view::npos) continue;
-            const std::string name(strip(line.substr(0, equals)));
+            const std::string name(stripBlanks(line.substr(0, equals)));
             // The first of duplicate lines wins, as in every INI file.
             if (valueNames[current].insert(upperAscii(name)).second)
-                content.keys[current].values.emplace_back(name, std::string(strip(line.substr(equals + 1))));
+                content.keys[current].values.emplace_back(name,
+                                                          std::string(stripBlanks(line.substr(equals + 1))));
         }
         return content;
     }

@@ -52,7 +52,8 @@ std::string systemMessage(LSTATUS code)
     return narrow(text);
 }
 
-// A leading backslash names the same key from the root, as the original's registry object takes it.
+// A leading backslash names the same key from the root: "\\Software\\Rovanel" and "Software\\Rovanel"
+// are one key.
 std::wstring keyPath(std::string_view key)
 {
     if (!key.empty() && key.front() == '\\') key.remove_prefix(1);

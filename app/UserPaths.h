@@ -1,5 +1,5 @@
-// Where the per-user files live. On Windows the original keeps its own RV.INI in the Windows directory
-// and its settings in the registry; elsewhere both go to one per-user folder:
+// Where the per-user files live. On Windows Rovanel keeps the user's RV.INI in the Windows directory and
+// the settings in the registry; elsewhere both go to one per-user folder:
 // $ROVANEL_CONFIG_DIR, else $XDG_CONFIG_HOME/rovanel, else $HOME/.config/rovanel.
 #pragma once
 
@@ -11,7 +11,7 @@ namespace rovanel
 
 [[nodiscard]] std::filesystem::path userConfigDirectory();
 
-// The user's RV.INI (the original's "RV.INI" by bare name, found in the Windows directory).
+// The user's RV.INI (on Windows "RV.INI" by bare name, which the system finds in the Windows directory).
 [[nodiscard]] std::filesystem::path userIniPath();
 
 // The settings file of the data directory: the directory joined with "RV.INI" (no doubled separator).

@@ -63,10 +63,9 @@ void Description_Longest(benchmark::State& state)
     const std::int32_t record = longestRecord();
     std::size_t bytes = 0;
     for (auto _ : state) {
-        rovanel::StyledDocument document;
-        const int result = rovanel::buildDescription(tables(), record, document);
-        benchmark::DoNotOptimize(result);
-        bytes = document.plainText().size();
+        const rovanel::Description description = rovanel::buildDescription(tables(), record);
+        benchmark::DoNotOptimize(description.built);
+        bytes = description.document.plainText().size();
     }
     state.counters["record"] = record;
     state.counters["text_bytes"] = static_cast<double>(bytes);

@@ -1,20 +1,22 @@
 #include "cli/Commands.h"
 
+#include <cstdio>
+
 namespace rovanel::cli
 {
 
 // Subcommands, declared by their files.
-int runGen(const std::vector<std::string>& args);
-int runInfo(const std::vector<std::string>& args);
-int runNames(const std::vector<std::string>& args);
-int runLocate(const std::vector<std::string>& args);
-int runProductsOf(const std::vector<std::string>& args);
-int runCheck(const std::vector<std::string>& args);
-int runAtcGroup(const std::vector<std::string>& args);
-int runSideEffect(const std::vector<std::string>& args);
-int runIngredient(const std::vector<std::string>& args);
-int runDescribe(const std::vector<std::string>& args);
-int runSameAtc(const std::vector<std::string>& args);
+int runGen(const Invocation& call);
+int runInfo(const Invocation& call);
+int runNames(const Invocation& call);
+int runLocate(const Invocation& call);
+int runProductsOf(const Invocation& call);
+int runCheck(const Invocation& call);
+int runAtcGroup(const Invocation& call);
+int runSideEffect(const Invocation& call);
+int runIngredient(const Invocation& call);
+int runDescribe(const Invocation& call);
+int runSameAtc(const Invocation& call);
 
 const std::vector<Command>& commands()
 {
@@ -32,6 +34,12 @@ const std::vector<Command>& commands()
         {"same-atc", "same-atc DIR CODE [--by-name]", runSameAtc},
     };
     return table;
+}
+
+int Invocation::usageError() const
+{
+    std::fprintf(stderr, "rvcli: usage: rvcli %s\n", command.usage);
+    return 2;
 }
 
 std::string usageText()

@@ -11,25 +11,23 @@
 namespace rovanel::cli
 {
 
-int usageError(const char* usage)
-{
-    std::fprintf(stderr, "rvcli: usage: rvcli %s\n", usage);
-    return 2;
-}
-
-std::optional<StartupTables> openDatabase(const std::string& directory)
+bool isReadableDirectory(const std::string& directory)
 {
     std::error_code error;
-    if (!std::filesystem::is_directory(directory, error)) {
-        std::fprintf(stderr, "rvcli: %s: not a readable directory\n", directory.c_str());
-        return std::nullopt;
-    }
+    if (std::filesystem::is_directory(directory, error)) return true;
+    std::fprintf(stderr, "rvcli: %s: not a readable directory\n", directory.c_str());
+    return false;
+}
+
+int withDatabase(const std::string& directory, const std::function<int(StartupTables&)>& body)
+{
+    if (!isReadableDirectory(directory)) return 2;
     StartupTables tables = loadStartupTables(directory, userIniPath());
     if (tables.reached < LoadStep::Counts) {
         std::fprintf(stderr, "rvcli: %s: inf.dat is missing or unreadable\n", directory.c_str());
-        return std::nullopt;
+        return 2;
     }
-    return tables;
+    return body(tables);
 }
 
 std::string closingDateLine(const std::string& directory)

@@ -1,22 +1,24 @@
 // Helpers shared by the rvcli subcommands.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "cli/Commands.h"
 #include "db/StartupTables.h"
 
 namespace rovanel::cli
 {
 
-// Prints "rvcli: usage: rvcli <usage>" to stderr and returns exit code 2.
-int usageError(const char* usage);
+// Loads the start-up tables of `directory` and gives `body`'s exit code on them. When the directory is
+// missing or the loader could not read its tables: a message on stderr and exit code 2.
+[[nodiscard]] int withDatabase(const std::string& directory, const std::function<int(StartupTables&)>& body);
 
-// Loads the start-up tables of `directory`; prints a message to stderr and gives nothing when the
-// directory is missing or the loader could not read its tables.
-[[nodiscard]] std::optional<StartupTables> openDatabase(const std::string& directory);
+// True when `directory` is a directory; otherwise a message on stderr.
+[[nodiscard]] bool isReadableDirectory(const std::string& directory);
 
 // Line 1 of zaras.inf, cut at its line end; empty when the file is missing.
 [[nodiscard]] std::string closingDateLine(const std::string& directory);

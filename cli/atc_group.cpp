@@ -6,25 +6,23 @@
 #include "cli/Common.h"
 #include "cli/Selection.h"
 #include "db/Interaction.h"
-#include "db/SharedState.h"
 
 namespace rovanel::cli
 {
 
-int runAtcGroup(const std::vector<std::string>& args)
+int runAtcGroup(const Invocation& call)
 {
-    constexpr const char* usage = "atc-group DIR NODE [--taking P...] [--contra K...]";
-    if (args.size() < 2) return usageError(usage);
+    const auto& args = call.args;
+    if (args.size() < 2) return call.usageError();
     const auto node = numberArgument(args[1]);
-    SharedState state;
-    if (!node || !readSelectionOptions(args, 2, state.selection, true)) return usageError(usage);
-    auto tables = openDatabase(args[0]);
-    if (!tables) return 2;
-    state.tables = std::move(*tables);
-    const KhRunResult result = KhRun(state, KhMode::AtcGroup, *node);
-    printMessages(result.messages);
-    for (const std::string& line : result.listLines) std::printf("%s\n", toUtf8(line).c_str());
-    return result.completed ? 0 : 1;
+    DrugSelection selection;
+    if (!node || !readSelectionOptions(args, 2, selection, true)) return call.usageError();
+    return withDatabase(args[0], [&](const StartupTables& tables) {
+        const KhRunResult result = KhRun(tables, selection, KhMode::AtcGroup, *node);
+        printMessages(result.messages);
+        for (const std::string& line : result.listLines) std::printf("%s\n", toUtf8(line).c_str());
+        return result.completed ? 0 : 1;
+    });
 }
 
 }  // namespace rovanel::cli

@@ -6,29 +6,27 @@
 #include "cli/Common.h"
 #include "cli/Selection.h"
 #include "db/Interaction.h"
-#include "db/SharedState.h"
 
 namespace rovanel::cli
 {
 
-int runCheck(const std::vector<std::string>& args)
+int runCheck(const Invocation& call)
 {
-    constexpr const char* usage = "check DIR P... [--contra K...]";
-    if (args.size() < 2) return usageError(usage);
+    const auto& args = call.args;
+    if (args.size() < 2) return call.usageError();
     std::vector<std::string> options = {"--taking"};
     options.insert(options.end(), args.begin() + 1, args.end());
-    SharedState state;
-    if (!readSelectionOptions(options, 0, state.selection, true)) return usageError(usage);
-    auto tables = openDatabase(args[0]);
-    if (!tables) return 2;
-    state.tables = std::move(*tables);
-    const KhRunResult result = KhRun(state, KhMode::Check, -1);
-    printMessages(result.messages);
-    std::fputs(toUtf8(result.report).c_str(), stdout);
-    if (!result.report.empty() && result.report.back() != '\n') std::fputc('\n', stdout);
-    for (std::size_t i = 0; i < result.found.size(); ++i)
-        std::printf("%d\t%s\n", result.found[i].record, toUtf8(result.listLines[i]).c_str());
-    return result.completed ? 0 : 1;
+    DrugSelection selection;
+    if (!readSelectionOptions(options, 0, selection, true)) return call.usageError();
+    return withDatabase(args[0], [&](const StartupTables& tables) {
+        const KhRunResult result = KhRun(tables, selection, KhMode::Check, -1);
+        printMessages(result.messages);
+        std::fputs(toUtf8(result.report).c_str(), stdout);
+        if (!result.report.empty() && result.report.back() != '\n') std::fputc('\n', stdout);
+        for (std::size_t i = 0; i < result.found.size(); ++i)
+            std::printf("%d\t%s\n", result.found[i].record, toUtf8(result.listLines[i]).c_str());
+        return result.completed ? 0 : 1;
+    });
 }
 
 }  // namespace rovanel::cli

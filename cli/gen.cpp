@@ -11,8 +11,6 @@ namespace rovanel::cli
 namespace
 {
 
-constexpr const char* kUsage = "gen DIR [--products N] [--seed S]";
-
 void printCase(const char* what, long long value, const std::string& detail = {})
 {
     if (value < 0)
@@ -25,16 +23,17 @@ void printCase(const char* what, long long value, const std::string& detail = {}
 
 }  // namespace
 
-int runGen(const std::vector<std::string>& args)
+int runGen(const Invocation& call)
 {
+    const auto& args = call.args;
     GeneratorOptions options;
     std::string directory;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& arg = args[i];
         if (arg == "--products" || arg == "--seed") {
-            if (i + 1 >= args.size()) return usageError(kUsage);
+            if (i + 1 >= args.size()) return call.usageError();
             const auto value = numberArgument(args[++i]);
-            if (!value || *value < 0) return usageError(kUsage);
+            if (!value || *value < 0) return call.usageError();
             if (arg == "--products") {
                 if (*value < kMinimumProducts || *value > kMaximumProducts) {
                     std::fprintf(stderr, "rvcli: --products must be between %d and %d\n", kMinimumProducts,
@@ -46,12 +45,12 @@ int runGen(const std::vector<std::string>& args)
                 options.seed = static_cast<std::uint64_t>(*value);
             }
         } else if (arg.starts_with("--") || !directory.empty()) {
-            return usageError(kUsage);
+            return call.usageError();
         } else {
             directory = arg;
         }
     }
-    if (directory.empty()) return usageError(kUsage);
+    if (directory.empty()) return call.usageError();
 
     std::string error;
     const auto planted = generateDatabase(directory, options, &error);

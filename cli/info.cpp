@@ -2,22 +2,22 @@
 #include <cstdio>
 
 #include "cli/Common.h"
-#include "db/StartupTables.h"
 
 namespace rovanel::cli
 {
 
-int runInfo(const std::vector<std::string>& args)
+int runInfo(const Invocation& call)
 {
-    if (args.size() != 1) return usageError("info DIR");
-    const auto tables = openDatabase(args[0]);
-    if (!tables) return 2;
-    std::printf("products: %d\n", tables->counts.products());
-    std::printf("medicines: %d\n", tables->counts.medicines());
-    std::printf("nutrition: %d\n", tables->counts.nutrition());
-    std::printf("others: %d\n", tables->counts.others());
-    std::printf("closing: %s\n", toUtf8(closingDateLine(args[0])).c_str());
-    return 0;
+    if (call.args.size() != 1) return call.usageError();
+    const std::string& directory = call.args[0];
+    return withDatabase(directory, [&](const StartupTables& tables) {
+        std::printf("products: %d\n", tables.counts.products());
+        std::printf("medicines: %d\n", tables.counts.medicines());
+        std::printf("nutrition: %d\n", tables.counts.nutrition());
+        std::printf("others: %d\n", tables.counts.others());
+        std::printf("closing: %s\n", toUtf8(closingDateLine(directory)).c_str());
+        return 0;
+    });
 }
 
 }  // namespace rovanel::cli

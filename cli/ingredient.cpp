@@ -10,19 +10,20 @@
 namespace rovanel::cli
 {
 
-int runIngredient(const std::vector<std::string>& args)
+int runIngredient(const Invocation& call)
 {
-    constexpr const char* usage = "ingredient DIR K";
-    if (args.size() != 2) return usageError(usage);
+    const auto& args = call.args;
+    if (args.size() != 2) return call.usageError();
     const auto ingredient = numberArgument(args[1]);
-    if (!ingredient) return usageError(usage);
-    const auto tables = openDatabase(args[0]);
-    if (!tables) return 2;
-    FoundDrugTable found;
-    const SearchOutcome outcome = HaKeres(*tables, found, *ingredient);
-    if (outcome.message) printMessages({*outcome.message});
-    for (const std::string& name : foundDrugNames(*tables, found)) std::printf("%s\n", toUtf8(name).c_str());
-    return 0;
+    if (!ingredient) return call.usageError();
+    return withDatabase(args[0], [&](const StartupTables& tables) {
+        FoundDrugTable found;
+        const SearchOutcome outcome = HaKeres(tables, found, *ingredient);
+        if (outcome.message) printMessages({*outcome.message});
+        for (const std::string& name : foundDrugNames(tables, found))
+            std::printf("%s\n", toUtf8(name).c_str());
+        return 0;
+    });
 }
 
 }  // namespace rovanel::cli

@@ -7,22 +7,24 @@
 namespace rovanel::cli
 {
 
-int runLocate(const std::vector<std::string>& args)
+int runLocate(const Invocation& call)
 {
-    if (args.size() != 2) return usageError("locate DIR P");
-    const auto record = numberArgument(args[1]);
-    if (!record) return usageError("locate DIR P");
-    const auto tables = openDatabase(args[0]);
-    if (!tables) return 2;
-    const auto location = locateProduct(*tables, *record);
-    if (!location) {
-        std::fprintf(stderr, "rvcli: no product record %lld in %s\n", *record, args[0].c_str());
-        return 1;
-    }
-    std::printf("code: %s\n", toUtf8(location->code).c_str());
-    std::printf("name: %s\n", toUtf8(location->name).c_str());
-    std::printf("offset: %llu\n", static_cast<unsigned long long>(location->offset));
-    return 0;
+    const auto& args = call.args;
+    if (args.size() != 2) return call.usageError();
+    const auto number = numberArgument(args[1]);
+    const auto record = number ? productRecordOf(*number) : std::nullopt;
+    if (!record) return call.usageError();
+    return withDatabase(args[0], [&](const StartupTables& tables) {
+        const auto location = locateProduct(tables, *record);
+        if (!location) {
+            std::fprintf(stderr, "rvcli: no product record %d in %s\n", *record, args[0].c_str());
+            return 1;
+        }
+        std::printf("code: %s\n", toUtf8(location->code).c_str());
+        std::printf("name: %s\n", toUtf8(location->name).c_str());
+        std::printf("offset: %llu\n", static_cast<unsigned long long>(location->offset));
+        return 0;
+    });
 }
 
 }  // namespace rovanel::cli

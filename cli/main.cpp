@@ -16,7 +16,7 @@ int main(int argc, char** argv)
     const std::string command = args.front();
     args.erase(args.begin());
     for (const rovanel::cli::Command& c : rovanel::cli::commands())
-        if (command == c.name) return c.run(args);
+        if (command == c.name) return c.run(rovanel::cli::Invocation{std::move(args), c});
     std::fprintf(stderr, "rvcli: unknown command '%s'\n", command.c_str());
     std::fputs(rovanel::cli::usageText().c_str(), stderr);
     return 2;

@@ -7,19 +7,19 @@
 namespace rovanel::cli
 {
 
-int runNames(const std::vector<std::string>& args)
+int runNames(const Invocation& call)
 {
-    constexpr const char* usage = "names DIR [--nutrition]";
-    if (args.empty() || args.size() > 2) return usageError(usage);
+    const auto& args = call.args;
+    if (args.empty() || args.size() > 2) return call.usageError();
     NameGroup group = NameGroup::Medicines;
     if (args.size() == 2) {
-        if (args[1] != "--nutrition") return usageError(usage);
+        if (args[1] != "--nutrition") return call.usageError();
         group = NameGroup::Nutrition;
     }
-    const auto tables = openDatabase(args[0]);
-    if (!tables) return 2;
-    for (const std::string& name : nameListFill(*tables, group)) std::printf("%s\n", toUtf8(name).c_str());
-    return 0;
+    return withDatabase(args[0], [&](const StartupTables& tables) {
+        for (const std::string& name : nameListFill(tables, group)) std::printf("%s\n", toUtf8(name).c_str());
+        return 0;
+    });
 }
 
 }  // namespace rovanel::cli

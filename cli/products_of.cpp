@@ -1,6 +1,5 @@
 // rvcli products-of DIR atc|contra|ingredient|side-effect K: the record numbers of key K.
 #include <cstdio>
-#include <system_error>
 
 #include "cli/Common.h"
 #include "db/ProductIndex.h"
@@ -8,10 +7,10 @@
 namespace rovanel::cli
 {
 
-int runProductsOf(const std::vector<std::string>& args)
+int runProductsOf(const Invocation& call)
 {
-    constexpr const char* usage = "products-of DIR atc|contra|ingredient|side-effect K";
-    if (args.size() != 3) return usageError(usage);
+    const auto& args = call.args;
+    if (args.size() != 3) return call.usageError();
     IndexPair pair{};
     if (args[1] == "atc")
         pair = IndexPair::Atc;
@@ -22,15 +21,12 @@ int runProductsOf(const std::vector<std::string>& args)
     else if (args[1] == "side-effect")
         pair = IndexPair::SideEffect;
     else
-        return usageError(usage);
+        return call.usageError();
     const auto key = numberArgument(args[2]);
-    if (!key) return usageError(usage);
-    std::error_code error;
-    if (!std::filesystem::is_directory(args[0], error)) {
-        std::fprintf(stderr, "rvcli: %s: not a readable directory\n", args[0].c_str());
-        return 2;
-    }
-    for (const std::int32_t record : productsOfKey(args[0], pair, *key)) std::printf("%d\n", record);
+    if (!key) return call.usageError();
+    // The index pairs alone: no start-up table is needed.
+    if (!isReadableDirectory(args[0])) return 2;
+    for (const ProductRecord record : productsOfKey(args[0], pair, *key)) std::printf("%d\n", record);
     return 0;
 }
 

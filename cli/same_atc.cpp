@@ -9,19 +9,19 @@
 namespace rovanel::cli
 {
 
-int runSameAtc(const std::vector<std::string>& args)
+int runSameAtc(const Invocation& call)
 {
-    const char* usage = "same-atc DIR CODE [--by-name]";
-    if (args.size() < 2 || args.size() > 3) return usageError(usage);
-    if (args.size() == 3 && args[2] != "--by-name") return usageError(usage);
-    const auto tables = openDatabase(args[0]);
-    if (!tables) return 2;
-    const std::string code = atcFromInternational(args[1]);
-    const AtcLevels levels = atcLevels(*tables, code);
-    const SameAtcOrder order = args.size() == 3 ? SameAtcOrder::Name : SameAtcOrder::Price;
-    const SameAtcList list = sameAtcProducts(*tables, code, levels.levelLength, order, false);
-    for (const std::string& line : list.lines) std::printf("%s\n", toUtf8(line).c_str());
-    return 0;
+    const auto& args = call.args;
+    if (args.size() < 2 || args.size() > 3) return call.usageError();
+    if (args.size() == 3 && args[2] != "--by-name") return call.usageError();
+    return withDatabase(args[0], [&](const StartupTables& tables) {
+        const std::string code = atcFromInternational(args[1]);
+        const AtcLevels levels = atcLevels(tables, code);
+        const SameAtcOrder order = args.size() == 3 ? SameAtcOrder::Name : SameAtcOrder::Price;
+        const SameAtcList list = sameAtcProducts(tables, code, levels.levelLength, order, false);
+        for (const std::string& line : list.lines) std::printf("%s\n", toUtf8(line).c_str());
+        return 0;
+    });
 }
 
 }  // namespace rovanel::cli

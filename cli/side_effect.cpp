@@ -4,30 +4,29 @@
 
 #include "cli/Common.h"
 #include "cli/Selection.h"
+#include "db/FoundDrugs.h"
 #include "db/Searches.h"
-#include "db/SharedState.h"
 
 namespace rovanel::cli
 {
 
-int runSideEffect(const std::vector<std::string>& args)
+int runSideEffect(const Invocation& call)
 {
-    constexpr const char* usage = "side-effect DIR N [--taking P...]";
-    if (args.size() < 2) return usageError(usage);
+    const auto& args = call.args;
+    if (args.size() < 2) return call.usageError();
     const auto sideEffect = numberArgument(args[1]);
-    SharedState state;
-    if (!sideEffect || !readSelectionOptions(args, 2, state.selection, false)) return usageError(usage);
-    auto tables = openDatabase(args[0]);
-    if (!tables) return 2;
-    state.tables = std::move(*tables);
-    const SearchOutcome outcome =
-        state.selection.SzedettGyCount == 0
-            ? FillMhIdxList(state.tables, state.found, *sideEffect)
-            : FillMhSpecIdxList2(state.tables, state.selection, state.found, *sideEffect);
-    if (outcome.message) printMessages({*outcome.message});
-    for (const std::string& name : foundDrugNames(state.tables, state.found))
-        std::printf("%s\n", toUtf8(name).c_str());
-    return 0;
+    DrugSelection selection;
+    if (!sideEffect || !readSelectionOptions(args, 2, selection, false)) return call.usageError();
+    return withDatabase(args[0], [&](const StartupTables& tables) {
+        FoundDrugTable found;
+        const SearchOutcome outcome = selection.SzedettGyCount == 0
+                                          ? FillMhIdxList(tables, found, *sideEffect)
+                                          : FillMhSpecIdxList2(tables, selection, found, *sideEffect);
+        if (outcome.message) printMessages({*outcome.message});
+        for (const std::string& name : foundDrugNames(tables, found))
+            std::printf("%s\n", toUtf8(name).c_str());
+        return 0;
+    });
 }
 
 }  // namespace rovanel::cli

@@ -1,13 +1,13 @@
 #include "db/AtcCode.h"
 
+#include "db/Text.h"
+
 namespace rovanel
 {
 
 std::string atcFromInternational(std::string_view code)
 {
-    std::string upper(code);
-    for (char& c : upper)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    std::string upper = upperAscii(code);
     if ((upper.size() == 5 || upper.size() == 7) && upper.find(kAtcFiller) == std::string::npos)
         upper.insert(5, 1, kAtcFiller);
     return upper;

@@ -190,8 +190,9 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
 
     DataFile nevpos(dataFilePath(directory, "nevpos.dat"));
     DataFile gyful(dataFilePath(directory, "gy.ful"));
-    for (const std::int64_t record :
-         {std::int64_t{-1}, std::int64_t{0}, products / 2, products - 1, products, std::int64_t{1} << 40}) {
+    const auto last = static_cast<ProductRecord>(products);  // the loader bounds the count by 1,000,000
+    for (const ProductRecord record :
+         {kNoProduct, ProductRecord{0}, last / 2, last - 1, last, ProductRecord{INT32_MAX}}) {
         if (const auto location = locateProduct(tables, record)) {
             if (record < 0 || record >= products) return "located a record outside the table";
             if (location->name != tables.productName(record)) return "located name";
@@ -204,7 +205,7 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
             }
             if (bytes > 64000) return "block larger than its bound";
             if (!block->empty()) {
-                const std::int32_t found = identifyProduct(tables, block->front());
+                const ProductRecord found = identifyProduct(tables, block->front());
                 if (found < -1 || found >= products) return "identified a record outside the table";
             }
         }
@@ -241,10 +242,9 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
 
     // A description of a medicine and of a nutrition product, and the same-ATC listing of each.
     for (const std::int32_t record : {probe.drugsTaken.front(), counts.medicines()}) {
-        StyledDocument document;
-        const int result = buildDescription(tables, record, document);
-        if (result != 0 && result != 1) return "description result neither 0 nor 1";
-        if (document.plainText().size() > 1'000'000) return "description larger than any block";
+        const Description description = buildDescription(tables, record);
+        if (!description.built && !description.document.empty()) return "a description not built shows text";
+        if (description.document.plainText().size() > 1'000'000) return "description larger than any block";
         if (record < 0 || static_cast<std::size_t>(record) >= tables.productCodes.size()) continue;
         const std::string_view code = tables.productCodes[static_cast<std::size_t>(record)];
         const AtcLevels levels = atcLevels(tables, code);
@@ -300,14 +300,14 @@ void sweep(const ScratchDirectory& database, const Probe& probe)
     std::sort(files.begin(), files.end());
     const auto list = damages();
     for (const std::string& file : files) {
-        const std::string original = database.read(file);
+        const std::string intact = database.read(file);
         for (const Damage& damage : list) {
-            database.write(file, damage.apply(original));
+            database.write(file, damage.apply(intact));
             EXPECT_EQ(runWithDeadline(database.path(), probe), "") << file << ", " << damage.what;
         }
         database.remove(file);
         EXPECT_EQ(runWithDeadline(database.path(), probe), "") << file << ", removed";
-        database.write(file, original);
+        database.write(file, intact);
     }
 }
 

@@ -3,25 +3,10 @@
 #include <algorithm>
 #include <system_error>
 
+#include "db/Text.h"
+
 namespace rovanel
 {
-namespace
-{
-
-bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b)
-{
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        char x = a[i];
-        char y = b[i];
-        if (x >= 'A' && x <= 'Z') x = static_cast<char>(x - 'A' + 'a');
-        if (y >= 'A' && y <= 'Z') y = static_cast<char>(y - 'A' + 'a');
-        if (x != y) return false;
-    }
-    return true;
-}
-
-}  // namespace
 
 std::filesystem::path dataFilePath(const std::filesystem::path& directory, std::string_view name)
 {

@@ -294,31 +294,31 @@ RegulationPoint regulationPoint(std::string_view rendDat, std::string_view code)
     return point;
 }
 
-int buildDescription(const StartupTables& tables, std::int32_t record, StyledDocument& out)
+Description buildDescription(const StartupTables& tables, ProductRecord record)
 {
-    if (record == -1) return 0;
+    Description result;
+    result.built = record == kNoProduct;
+    if (result.built) return result;
     const auto& directory = tables.dataDirectory;
-    DataFile gyful(dataFilePath(directory, "GY.FUL"));
-    if (!gyful.isOpen()) return 1;
-    DataFile nevpos(dataFilePath(directory, "nevpos.dat"));
-    if (!nevpos.isOpen()) return 1;
+    ProductTexts texts(directory);
+    if (!texts.isOpen()) return result;
     DataFile atcNames(dataFilePath(directory, "atcnrend.dat"));
-    if (!atcNames.isOpen()) return 1;
+    if (!atcNames.isOpen()) return result;
     DataFile contraindicationNames(dataFilePath(directory, "ellnrend.dat"));
-    if (!contraindicationNames.isOpen()) return 1;
+    if (!contraindicationNames.isOpen()) return result;
     DataFile sideEffectNames(dataFilePath(directory, "mhnrend.dat"));
-    if (!sideEffectNames.isOpen()) return 1;
+    if (!sideEffectNames.isOpen()) return result;
     DataFile names(dataFilePath(directory, "nevrend.dat"));
-    if (!names.isOpen()) return 1;
+    if (!names.isOpen()) return result;
 
-    const auto block = productBlock(gyful, nevpos, record, kLineBuffer);
-    if (!block || block->empty()) return 1;
+    const auto block = texts.block(record, kLineBuffer);
+    if (!block || block->empty()) return result;
     const std::vector<std::string_view> lines(block->begin(), block->end());
 
-    const std::int32_t product = tables.recordOfCode(trim(lines.front()));
-    if (product < 0) return 1;
+    const ProductRecord product = tables.recordOfCode(trim(lines.front()));
+    if (product < 0) return result;
 
-    Writer writer(tables, out, atcNames, contraindicationNames, sideEffectNames);
+    Writer writer(tables, result.document, atcNames, contraindicationNames, sideEffectNames);
     writer.title(tables.productName(product));
     writer.ownCodes(lines);                                    // 1
     writer.prices(lines);                                      // 2
@@ -331,7 +331,8 @@ int buildDescription(const StartupTables& tables, std::int32_t record, StyledDoc
     writer.interactions(lines);                               // 8
     writer.text(lines, "#fig", msg::kDescWarningsHeading);    // 9
     writer.text(lines, "#nev", msg::kDescOtherNamesHeading);  // 10
-    return 0;
+    result.built = true;
+    return result;
 }
 
 }  // namespace rovanel

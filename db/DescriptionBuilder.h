@@ -2,15 +2,16 @@
 // description view shows (title, then the ten section writers with their headings).
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "db/ProductRecord.h"
+#include "db/StyledDocument.h"
 
 namespace rovanel
 {
 
 struct StartupTables;
-class StyledDocument;
 
 // The texts the jump buttons search for, in button order (JumpAtc ... JumpMer). The last two stop before
 // the "ő" of their headings on purpose. Windows-1250.
@@ -28,11 +29,14 @@ inline constexpr std::string_view kJumpSearchTexts[10] = {
     "M\xE9rgez\xE9s eset\xE9n teend",
 };
 
-// Appends product `record`'s description to `out` (the caller clears it first). Result 0 on success;
-// 1 when one of the six files (GY.FUL, nevpos.dat, atcnrend.dat, ellnrend.dat, mhnrend.dat,
-// nevrend.dat) does not open, the record's position cannot be read, or the block's code is not in
-// KOD.DAT table 1 (then nothing is written). Record -1 builds nothing and gives 0.
-[[nodiscard]] int buildDescription(const StartupTables& tables, std::int32_t record, StyledDocument& out);
+// Product `record`'s description. Not built (and empty) when one of the six files (GY.FUL, nevpos.dat,
+// atcnrend.dat, ellnrend.dat, mhnrend.dat, nevrend.dat) does not open, the record's position cannot be
+// read, or the block's code is not in KOD.DAT table 1. kNoProduct gives an empty document, built.
+struct Description {
+    StyledDocument document;
+    bool built = false;
+};
+[[nodiscard]] Description buildDescription(const StartupTables& tables, ProductRecord record);
 
 // The support text of an indication-bound support: "%s támogatással rendelheti[%s]:" with
 // " [KÜLÖNKERETES!]" appended for a separate budget.

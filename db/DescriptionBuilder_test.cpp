@@ -17,20 +17,19 @@ StartupTables load(const std::filesystem::path& directory)
     return loadStartupTables(directory, directory / "no-user.ini");
 }
 
-std::string describe(const StartupTables& tables, std::int32_t record, int* result = nullptr)
+std::string describe(const StartupTables& tables, ProductRecord record, bool* built = nullptr)
 {
-    StyledDocument document;
-    const int built = buildDescription(tables, record, document);
-    if (result) *result = built;
-    return cp1250ToUtf8(document.plainText());
+    const Description description = buildDescription(tables, record);
+    if (built) *built = description.built;
+    return cp1250ToUtf8(description.document.plainText());
 }
 
 TEST(DescriptionBuilder, ProductWithEverySectionReadsInSectionOrder)
 {
     testing::SixProductDatabase database;
     const StartupTables tables = load(database.write());
-    int result = -1;
-    EXPECT_EQ(describe(tables, 0, &result),
+    bool built = false;
+    EXPECT_EQ(describe(tables, 0, &built),
               "Készítmény: ALFA 5 MG TABLETTA 30X\n"
               "\nATC besorolás:\nC08CA01  amlodipin\n"
               "\nHatóanyag:\namlodipin (C08CA01)\n"
@@ -56,7 +55,7 @@ TEST(DescriptionBuilder, ProductWithEverySectionReadsInSectionOrder)
               "\nMérgezés esetén teendő:\nGyomormosás, tüneti kezelés.\n"
               "\nFigyelmeztetések:\nGépjárművezetést befolyásolhatja.\n"
               "\nEgyéb nevek:\nAmlodipin original\n");
-    EXPECT_EQ(result, 0);
+    EXPECT_TRUE(built);
 }
 
 TEST(DescriptionBuilder, EmptySectionsLeaveTheirHeadingsOut)
@@ -101,24 +100,24 @@ TEST(DescriptionBuilder, FailuresGiveOneAndBuildNothingBeyondWhatWasWritten)
         SCOPED_TRACE("record -1 builds nothing and succeeds");
         testing::SixProductDatabase database;
         const StartupTables tables = load(database.write());
-        int result = -1;
-        EXPECT_EQ(describe(tables, -1, &result), "");
-        EXPECT_EQ(result, 0);
-        EXPECT_EQ(describe(tables, 6, &result), "");
-        EXPECT_EQ(result, 1);
-        EXPECT_EQ(describe(tables, -2, &result), "");
-        EXPECT_EQ(result, 1);
+        bool built = false;
+        EXPECT_EQ(describe(tables, -1, &built), "");
+        EXPECT_TRUE(built);
+        EXPECT_EQ(describe(tables, 6, &built), "");
+        EXPECT_FALSE(built);
+        EXPECT_EQ(describe(tables, -2, &built), "");
+        EXPECT_FALSE(built);
     }
     {
         SCOPED_TRACE("a block code not in KOD.DAT table 1 stops at the title");
         testing::SixProductDatabase database;
         database.blocks[0].replace(0, 10, "Z99ZZ-9999");
         const StartupTables tables = load(database.write());
-        int result = -1;
-        EXPECT_EQ(describe(tables, 0, &result), "");
-        EXPECT_EQ(result, 1);
-        EXPECT_EQ(describe(tables, 1, &result).rfind("Készítmény: BETA 10 MG TABLETTA 30X\n", 0), 0u);
-        EXPECT_EQ(result, 0);
+        bool built = false;
+        EXPECT_EQ(describe(tables, 0, &built), "");
+        EXPECT_FALSE(built);
+        EXPECT_EQ(describe(tables, 1, &built).rfind("Készítmény: BETA 10 MG TABLETTA 30X\n", 0), 0u);
+        EXPECT_TRUE(built);
     }
     for (const char* missing :
          {"gy.ful", "nevpos.dat", "atcnrend.dat", "ellnrend.dat", "mhnrend.dat", "nevrend.dat"}) {
@@ -127,9 +126,9 @@ TEST(DescriptionBuilder, FailuresGiveOneAndBuildNothingBeyondWhatWasWritten)
         const auto directory = database.write();
         const StartupTables tables = load(directory);
         std::filesystem::remove(directory / missing);
-        int result = -1;
-        EXPECT_EQ(describe(tables, 0, &result), "");
-        EXPECT_EQ(result, 1);
+        bool built = false;
+        EXPECT_EQ(describe(tables, 0, &built), "");
+        EXPECT_FALSE(built);
     }
 }
 
@@ -140,9 +139,9 @@ TEST(DescriptionBuilder, UnknownCodesAreShownAsCodesAndMissingRendDatOnlyLosesTh
     block.replace(block.find("E02\r\n"), 5, "E77\r\n");
     database.files.erase("rend.dat");
     const StartupTables tables = load(database.write());
-    int result = -1;
-    const std::string text = describe(tables, 0, &result);
-    EXPECT_EQ(result, 0);
+    bool built = false;
+    const std::string text = describe(tables, 0, &built);
+    EXPECT_TRUE(built);
     EXPECT_NE(text.find("\nEllenjavallatok:\nElső trimeszter\nE77\n"), std::string::npos);
     EXPECT_NE(text.find("Emelt támogatással rendelheti[_EU12/a]:\nTámogatás:"), std::string::npos);
 }
@@ -151,8 +150,9 @@ TEST(DescriptionBuilder, EveryJumpTextFirstOccursAtTheStartOfItsBoldHeading)
 {
     testing::SixProductDatabase database;
     const StartupTables tables = load(database.write());
-    StyledDocument document;
-    ASSERT_EQ(buildDescription(tables, 0, document), 0);
+    const Description description = buildDescription(tables, 0);
+    ASSERT_TRUE(description.built);
+    const StyledDocument& document = description.document;
     for (std::string_view jump : kJumpSearchTexts) {
         SCOPED_TRACE(cp1250ToUtf8(jump));
         bool found = false;
@@ -173,8 +173,9 @@ TEST(DescriptionBuilder, TitleIsEntryOneThenTheNameInBoldBlueOfHeightTwenty)
 {
     testing::SixProductDatabase database;
     const StartupTables tables = load(database.write());
-    StyledDocument document;
-    ASSERT_EQ(buildDescription(tables, 3, document), 0);
+    const Description description = buildDescription(tables, 3);
+    ASSERT_TRUE(description.built);
+    const StyledDocument& document = description.document;
     ASSERT_GE(document.runs().size(), 2u);
     EXPECT_EQ(cp1250ToUtf8(document.runs()[0].text), "Készítmény: ");
     EXPECT_FALSE(document.runs()[0].style.bold);

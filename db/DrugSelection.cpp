@@ -77,7 +77,7 @@ void DrugSelection::resetForInteractionWindow()
 
 void DrugSelection::resetSlotsForSideEffectWindow() { SzedettGy.fill(-1); }
 
-SelectionChange DrugSelection::addDrug(std::int32_t record)
+SelectionChange DrugSelection::addDrug(ProductRecord record)
 {
     return addTo(SzedettGy, SzedettGyCount, KhResultValid, record, kDrugLimit,
                  "Legföljebb 20 gyógyszer adható");

@@ -33,12 +33,13 @@ constexpr std::size_t kNamesOnOneLine = 60;
 // Drug names and the heading stand out in the styled report.
 const TextStyle kNameStyle{.bold = true};
 
-constexpr std::array<std::string_view, 9> kEngineFiles = {"nevpos.dat", "nevrend.dat",  "atcindin.dat",
-                                                          "atcind.dat", "ellindin.dat", "ellind.dat",
-                                                          "gy.ful",     "ellnrend.dat", "atcnrend.dat"};
+constexpr std::array<std::string_view, 7> kEngineFiles = {"nevrend.dat",  "atcindin.dat", "atcind.dat",
+                                                          "ellindin.dat", "ellind.dat",   "ellnrend.dat",
+                                                          "atcnrend.dat"};
 
 struct EngineFiles {
-    DataFile nevpos, nevrend, atcindin, atcind, ellindin, ellind, gyful, ellnrend, atcnrend;
+    ProductTexts texts;  // gy.ful, nevpos.dat
+    DataFile nevrend, atcindin, atcind, ellindin, ellind, ellnrend, atcnrend;
 };
 
 // One product's codes as the engine reads them from its block.
@@ -50,9 +51,6 @@ struct ProductCodes {
     std::vector<std::string> contraindications;  // "#ell" .. "#mh"
     std::string supportLine;                     // the line after "#ha"
 };
-
-// A code with nothing in it (an empty or all-blank line) would prefix-match everything; it is no code.
-bool isEmptyCode(std::string_view code) { return code.find_first_not_of(" \t\r") == std::string_view::npos; }
 
 bool beginsWith(std::string_view text, std::string_view prefix)
 {
@@ -88,15 +86,15 @@ std::vector<std::string> sectionLines(const std::vector<std::string>& block, std
             continue;
         }
         const std::string_view code = trim(line);
-        if (isEmptyCode(code)) continue;
+        if (stripBlanks(code).empty()) continue;  // an all-blank code would prefix-match everything
         lines.emplace_back(code);
     }
     return lines;
 }
 
-std::optional<ProductCodes> readProductCodes(EngineFiles& files, std::int64_t record)
+std::optional<ProductCodes> readProductCodes(EngineFiles& files, ProductRecord record)
 {
-    const auto block = productBlock(files.gyful, files.nevpos, record, kLineBuffer);
+    const auto block = files.texts.block(record, kLineBuffer);
     if (!block || block->empty()) return std::nullopt;
     ProductCodes codes;
     codes.productCode = std::string(trim((*block)[0]));
@@ -188,7 +186,7 @@ std::string listLine(std::string_view name, std::string_view supportLine, bool c
 }
 
 struct TakenDrug {
-    std::int32_t record = -1;
+    ProductRecord record = kNoProduct;
     std::string name;
     ProductCodes codes;
 };
@@ -218,9 +216,10 @@ public:
 private:
     bool openFiles()
     {
-        DataFile* targets[] = {&m_files.nevpos, &m_files.nevrend,  &m_files.atcindin,
-                               &m_files.atcind, &m_files.ellindin, &m_files.ellind,
-                               &m_files.gyful,  &m_files.ellnrend, &m_files.atcnrend};
+        m_files.texts = ProductTexts(m_tables.dataDirectory);
+        if (!m_files.texts.isOpen()) return false;
+        DataFile* targets[] = {&m_files.nevrend, &m_files.atcindin, &m_files.atcind,  &m_files.ellindin,
+                               &m_files.ellind,  &m_files.ellnrend, &m_files.atcnrend};
         for (std::size_t i = 0; i < kEngineFiles.size(); ++i) {
             *targets[i] = DataFile(dataFilePath(m_tables.dataDirectory, kEngineFiles[i]));
             if (!targets[i]->isOpen()) return false;
@@ -240,7 +239,7 @@ private:
         const std::int64_t slots =
             std::clamp<std::int64_t>(m_selection.SzedettGyCount, 0, m_selection.SzedettGy.size());
         for (std::int64_t slot = 0; slot < slots; ++slot) {
-            const std::int32_t record = m_selection.SzedettGy[static_cast<std::size_t>(slot)];
+            const ProductRecord record = m_selection.SzedettGy[static_cast<std::size_t>(slot)];
             if (record < 0 || static_cast<std::size_t>(record) >= m_tables.productCodes.size()) continue;
             auto codes = readProductCodes(m_files, record);
             TakenDrug drug;
@@ -351,7 +350,7 @@ private:
             const std::int32_t node = m_selection.EllSel[static_cast<std::size_t>(i)];
             if (node < 0 || static_cast<std::size_t>(node) >= m_tables.contraindicationCodes.size()) continue;
             const std::string_view code = m_tables.contraindicationCodes[static_cast<std::size_t>(node)];
-            if (isEmptyCode(code)) continue;
+            if (stripBlanks(code).empty()) continue;
             chosen.emplace_back(code, nameLine(m_files.ellnrend, node).value_or(std::string{}));
         }
         return chosen;
@@ -390,7 +389,7 @@ private:
 
     bool listGroup(std::int64_t node)
     {
-        std::vector<std::int32_t> group;
+        std::vector<ProductRecord> group;
         if (node >= 0) {
             if (const auto key = keyRecord(m_files.atcindin, node); key && key->count > 0)
                 group = readRecordList(m_files.atcind, key->offset, key->count, false);
@@ -415,7 +414,7 @@ private:
 
         std::vector<std::string> supportLines;
         bool stoppedAtLimit = false;
-        for (const std::int32_t record : group) {
+        for (const ProductRecord record : group) {
             if (record < 0 || static_cast<std::size_t>(record) >= m_tables.productCodes.size()) continue;
             auto codes = readProductCodes(m_files, record);
             if (!codes) continue;

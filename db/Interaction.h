@@ -41,14 +41,14 @@ struct KhRunResult {
 
 // The same on the shared state: the report goes to KhResult (and a completed check sets KhResultValid to
 // 1), and the found-drug table receives the run's entries unless a file was missing.
-KhRunResult KhRun(SharedState& state, KhMode mode, std::int64_t atcNode);
+[[nodiscard]] KhRunResult KhRun(SharedState& state, KhMode mode, std::int64_t atcNode);
 
 // The report's colours.
 inline constexpr std::uint32_t kAvoidColour = 0xC00000;
 inline constexpr std::uint32_t kCarefulColour = 0xA05A00;
 inline constexpr std::uint32_t kContraindicationColour = 0xC00000;
 
-// Limits of one run, as the original's working storage has them.
+// Limits of one run: the sizes of the engine's working storage (each pinned by a test in Interaction_test).
 inline constexpr std::size_t kKhCodesPerDrug = 100;        // careful, and avoid, codes of one drug
 inline constexpr std::size_t kKhPooledCodes = 400;         // careful, and avoid, codes of all drugs taken
 inline constexpr std::size_t kKhFoundLimit = 600;          // mode 2 stops when the table reaches this

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "db/Cp1250.h"
-#include "db/MessageCatalog.h"
 #include "db/SharedState.h"
 #include "db/StartupTables.h"
 #include "tests/support/EngineDatabase.h"
@@ -18,7 +17,6 @@ using testing::EngineProduct;
 using testing::ScratchDirectory;
 
 std::string cp(const char* utf8) { return utf8ToCp1250(utf8); }
-std::string catalog(int line) { return messageCatalogLines()[static_cast<std::size_t>(line)]; }
 
 struct Fixture {
     ScratchDirectory directory;
@@ -65,11 +63,11 @@ TEST(KhRunCheck, ReportsCarefulAndAvoidFindingsInSelectionOrderWithTheirTexts)
     ASSERT_TRUE(result.completed);
     // ALFA's careful "N05" (3 characters: a class looked up by four characters, "N05" is not a group, so
     // no name) meets BÉTA's own code; BÉTA's avoid code "C08CA-01" (8 characters: no class name) meets ALFA.
-    const std::string expected = catalog(msg::kKhReportHeading) + "\n\n" +
+    const std::string expected = cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" +
                                  cp("ALFA 5 MG TABLETTA 30X és BÉTA 10 MG TABLETTA 20X : \n\n ") +
-                                 catalog(msg::kKhCarefulPhrase) + "\n\n" +
+                                 cp("Óvatosan adhatók együtt!") + "\n\n" +
                                  cp("BÉTA 10 MG TABLETTA 20X és ALFA 5 MG TABLETTA 30X : \n\n ") +
-                                 catalog(msg::kKhAvoidPhrase) + "\n\n";
+                                 cp("Együttadásuk kerülendő!") + "\n\n";
     EXPECT_EQ(result.report, expected);
     EXPECT_EQ(fixture.state.selection.KhResult, expected);
     EXPECT_EQ(fixture.state.selection.KhResultValid, 1);
@@ -95,7 +93,7 @@ TEST(KhRunCheck, ShortCodeNamesItsClassByTheFirstFourCharacters)
     const std::string finding =
         cp("BÉTA HOSSZÚ NEVŰ KÉSZÍTMÉNY 10 MG FILMTABLETTA 1") +
         cp(" és ALFA 5 MG TABLETTA 30X\n( Szelektív kalciumcsatorna-blokkolók )\n\n ") +
-        catalog(msg::kKhAvoidPhrase) + "\n\n";
+        cp("Együttadásuk kerülendő!") + "\n\n";
     EXPECT_NE(result.report.find(finding), std::string::npos) << cp1250ToUtf8(result.report);
 }
 
@@ -110,7 +108,7 @@ TEST(KhRunCheck, PairIsReportedOnceForEveryMatchingCodeAndPrefixesMatchOneWayOnl
     const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
     std::size_t findings = 0;
     for (std::size_t at = 0;
-         (at = result.report.find(catalog(msg::kKhCarefulPhrase), at)) != std::string::npos; ++at)
+         (at = result.report.find(cp("Óvatosan adhatók együtt!"), at)) != std::string::npos; ++at)
         ++findings;
     EXPECT_EQ(findings, 5u);  // N05 x2, N05BA-01 x1, N x2
 }
@@ -124,11 +122,11 @@ TEST(KhRunCheck, NothingFoundShowsAndAppendsEntry93)
     fixture.take({0, 1});
     const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
     EXPECT_TRUE(result.completed);
-    EXPECT_EQ(result.report, catalog(msg::kKhReportHeading) + "\n\n" + catalog(msg::kKhNothingFound));
+    EXPECT_EQ(result.report, cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" +
+                                 cp("A vizsgálat nem talált kölcsönhatást és ellenjavallatot."));
     ASSERT_EQ(result.messages.size(), 1u);
-    EXPECT_EQ(result.messages[0],
-              (Message{catalog(msg::kKhNothingFound), catalog(msg::kKhNothingFoundCaption),
-                       MessageIcon::Information, true}));
+    EXPECT_EQ(result.messages[0], (Message{cp("A vizsgálat nem talált kölcsönhatást és ellenjavallatot."),
+                                           cp("Kölcsönhatás vizsgálat"), MessageIcon::Information, true}));
     EXPECT_TRUE(result.found.empty());
 }
 
@@ -141,7 +139,7 @@ TEST(KhRunCheck, ContraindicationsMatchOverTheShorterLength)
     fixture.take({0, 1, 2});
     fixture.contraindicate({0, 2});  // E01 (group of ALFA's E0101) and E02 (GAMMA's)
     const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
-    const std::string expected = catalog(msg::kKhReportHeading) + "\n\n" +
+    const std::string expected = cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" +
                                  cp("ALFA 5 MG TABLETTA 30X ellenjavallata:\n\n ( E01 - Terhesség )\n\n") +
                                  cp("GAMMA 20 MG KAPSZULA 28X ellenjavallata:\n\n ( E02 - Szoptatás )\n\n");
     EXPECT_EQ(result.report, expected);
@@ -188,7 +186,7 @@ TEST(KhRunCheck, EveryLimitStopsTheRunWithItsMessage)
         std::string longCareful, longAvoid;
         std::optional<Message> expected;
     };
-    const std::string caption81 = catalog(msg::kKhCaptionLimits);
+    const std::string caption81 = cp("Kölcsönhatás vizsgálat");
     const Case cases[] = {
         {"100 careful codes in one drug", {100}, {}, "", "", std::nullopt},
         {"101 careful codes in one drug",
@@ -196,40 +194,46 @@ TEST(KhRunCheck, EveryLimitStopsTheRunWithItsMessage)
          {},
          "",
          "",
-         Message{catalog(msg::kKhTooManyCareful), caption81, MessageIcon::Stop, true}},
+         Message{cp("Egy gyógyszernél 100-nál több óvatossági kód van, a vizsgálat leáll."), caption81,
+                 MessageIcon::Stop, true}},
         {"400 pooled careful codes", {100, 100, 100, 100}, {}, "", "", std::nullopt},
         {"401 pooled careful codes",
          {100, 100, 100, 100, 1},
          {},
          "",
          "",
-         Message{catalog(msg::kKhTooManyPooledCareful), caption81, MessageIcon::Stop, true}},
+         Message{cp("A szedett gyógyszerek óvatossági kódjai 400-nál többen vannak, a vizsgálat leáll."),
+                 caption81, MessageIcon::Stop, true}},
         {"100 avoid codes in one drug", {}, {100}, "", "", std::nullopt},
         {"101 avoid codes in one drug",
          {},
          {101},
          "",
          "",
-         Message{catalog(msg::kKhTooManyAvoid), "Z0200", MessageIcon::Stop, false}},
+         Message{cp("Egy gyógyszernél 100-nál több kerülendő kód van, a vizsgálat leáll."), "Z0200",
+                 MessageIcon::Stop, false}},
         {"401 pooled avoid codes",
          {},
          {100, 100, 100, 100, 1},
          "",
          "",
-         Message{catalog(msg::kKhTooManyPooledAvoid), caption81, MessageIcon::Stop, false}},
+         Message{cp("A szedett gyógyszerek kerülendő kódjai 400-nál többen vannak, a vizsgálat leáll."),
+                 caption81, MessageIcon::Stop, false}},
         {"careful code of 10 characters", {}, {}, "Z012345678", "", std::nullopt},
         {"careful code of 11 characters",
          {},
          {},
          "Z0123456789",
          "",
-         Message{catalog(msg::kKhCodeLineTooLong), "Z0123456789", MessageIcon::Stop, true}},
+         Message{cp("Hibás kód a gyógyszer leírásában: a kódsor 10 karakternél hosszabb."), "Z0123456789",
+                 MessageIcon::Stop, true}},
         {"avoid code of 11 characters",
          {},
          {},
          "",
          "Y0123456789",
-         Message{catalog(msg::kKhCodeLineTooLong), "Y0123456789", MessageIcon::Stop, false}},
+         Message{cp("Hibás kód a gyógyszer leírásában: a kódsor 10 karakternél hosszabb."), "Y0123456789",
+                 MessageIcon::Stop, false}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -259,7 +263,8 @@ TEST(KhRunCheck, EveryLimitStopsTheRunWithItsMessage)
             EXPECT_TRUE(result.completed);
             // Nothing matches: the only message is "nothing found".
             ASSERT_EQ(result.messages.size(), 1u);
-            EXPECT_EQ(result.messages[0].text, catalog(msg::kKhNothingFound));
+            EXPECT_EQ(result.messages[0].text,
+                      cp("A vizsgálat nem talált kölcsönhatást és ellenjavallatot."));
         }
     }
 }
@@ -316,7 +321,7 @@ TEST(KhRunGroup, DrugsTakenExcludeAndFlagAndContraindicationsExclude)
     ASSERT_TRUE(result.completed);
     // One drug taken: the pairwise check runs and finds nothing.
     ASSERT_EQ(result.messages.size(), 1u);
-    EXPECT_EQ(result.messages[0].text, catalog(msg::kKhNothingFound));
+    EXPECT_EQ(result.messages[0].text, cp("A vizsgálat nem talált kölcsönhatást és ellenjavallatot."));
     EXPECT_EQ(result.found, (std::vector<FoundDrug>{{4, 1}, {1, 1}, {0, 1}}));
     EXPECT_EQ(result.listLines[0], cp("TERMÉK 0001\t999999 !"));
 
@@ -346,8 +351,9 @@ TEST(KhRunGroup, StopsWhenTheTableReaches600)
         } else {
             EXPECT_FALSE(result.completed);
             ASSERT_EQ(result.messages.size(), 1u);
-            EXPECT_EQ(result.messages[0], (Message{catalog(msg::kKhTooManyFound), catalog(msg::kKhCaption72),
-                                                   MessageIcon::Information, false}));
+            EXPECT_EQ(result.messages[0],
+                      (Message{cp("A csoportba 600-nál több gyógyszer tartozik, csak az első 600 látszik!"),
+                               cp("Kölcsönhatás - ATC"), MessageIcon::Information, false}));
         }
     }
 }
@@ -362,8 +368,9 @@ TEST(KhRunGroup, CarefulLineLongerThan12StopsWithEntry70)
     const KhRunResult result = KhRun(fixture.state, KhMode::AtcGroup, 1);
     EXPECT_FALSE(result.completed);
     ASSERT_EQ(result.messages.size(), 1u);
-    EXPECT_EQ(result.messages[0], (Message{catalog(msg::kKhCodeLineTooLong), catalog(msg::kKhCaption70),
-                                           MessageIcon::Information, false}));
+    EXPECT_EQ(result.messages[0],
+              (Message{cp("Hibás kód a gyógyszer leírásában: a kódsor 10 karakternél hosszabb."),
+                       cp("Hibás adatbázis"), MessageIcon::Information, false}));
     EXPECT_TRUE(result.listLines.empty());
 }
 

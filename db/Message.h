@@ -12,7 +12,7 @@ struct Message {
     std::string text;
     std::string caption;
     MessageIcon icon = MessageIcon::None;
-    bool taskModal = false;  // shown without owner, task-modal (the original's MB_TASKMODAL)
+    bool taskModal = false;  // shown without owner, task-modal (MB_TASKMODAL on Windows)
 
     friend bool operator==(const Message&, const Message&) = default;
 };

@@ -9,8 +9,8 @@ MessageTable MessageTable::parse(std::string_view fileContent)
 {
     MessageTable table;
     forEachLine(fileContent, [&](std::string_view line) {
-        // The original reads through a 255-byte buffer: a longer line would be split; we keep it whole
-        // but cut it to the buffer, so later line numbers never shift.
+        // Each line is read through a 255-byte buffer: a longer line is cut there rather than split, so
+        // later line numbers never shift (MessageTable.AnOverLongLineIsCutAndLaterNumbersDoNotShift).
         const std::string_view text = trim(line.substr(0, 254));
         if (text == "NULL")
             table.m_lines.emplace_back(std::nullopt);

@@ -20,7 +20,7 @@ public:
     // Entry `line`, or the empty text for a null entry or a number past the end.
     [[nodiscard]] std::string_view at(std::size_t line) const;
     [[nodiscard]] bool isNull(std::size_t line) const;
-    // Number of slots: lines + 2, the last two null (as the original allocates them).
+    // Number of slots: lines + 2, the last two null, so a message number just past the file is empty.
     [[nodiscard]] std::size_t slotCount() const { return m_lines.size(); }
 
 private:

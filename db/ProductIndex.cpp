@@ -10,12 +10,7 @@ namespace rovanel
 namespace
 {
 
-constexpr std::size_t kNameLineLength = 50;  // nevrend.dat: 48 bytes of name, CR LF
 constexpr std::size_t kNameReadBuffer = 80;  // the name list fill reads through 80 bytes
-constexpr std::size_t kPositionRecordLength = 10;
-constexpr std::size_t kPositionDigits = 8;  // the rest of the record is its line end
-constexpr std::size_t kDirectoryRecordLength = 16;
-constexpr std::size_t kNameFileLineLength = 128;
 constexpr std::size_t kNameFileReadBuffer = 255;
 // A product's text never reaches this; the bound keeps a block without its end marker from
 // swallowing the rest of the file.
@@ -64,7 +59,8 @@ std::vector<std::string> nameListFill(const StartupTables& tables, NameGroup gro
     if (wanted <= 0 || firstLine < 0) return names;
     DataFile file(dataFilePath(tables.dataDirectory, "nevrend.dat"));
     if (!file.isOpen()) return names;
-    // The original seeks to the group's first line and then reads lines one after another.
+    // Seek to the group's first line by its byte offset, whatever the lines before hold, then read lines
+    // one after another (see NutritionNamesStartAtTheirByteOffsetWhateverComesBefore).
     std::uint64_t offset = static_cast<std::uint64_t>(firstLine) * kNameLineLength;
     names.reserve(static_cast<std::size_t>(std::min<std::int64_t>(wanted, 1'000'000)));
     const std::string content = file.read(
@@ -82,26 +78,21 @@ std::vector<std::string> nameListFill(const StartupTables& tables, NameGroup gro
     return names;
 }
 
-std::int32_t recordOfListPosition(const StartupTables& tables, NameGroup group, std::int32_t position)
+ProductRecord recordOfListPosition(const StartupTables& tables, NameGroup group, std::int32_t position)
 {
-    if (position < 0) return -1;
+    if (position < 0) return kNoProduct;
     if (group == NameGroup::Medicines) return position;
     return tables.counts.medicines() + position;
 }
 
-std::optional<std::uint64_t> textPosition(DataFile& nevpos, std::int64_t record)
+std::optional<std::uint64_t> textPosition(DataFile& nevpos, ProductRecord record)
 {
     if (record < 0 || !nevpos.isOpen()) return std::nullopt;
-    const std::string bytes =
-        nevpos.read(static_cast<std::uint64_t>(record) * kPositionRecordLength, kPositionDigits);
-    if (bytes.size() != kPositionDigits) return std::nullopt;
-    // Exactly the record's own digits: an all-blank record must not borrow the next record's number.
-    const auto value = parseInteger(bytes);
-    if (!value || *value < 0) return std::nullopt;
-    return static_cast<std::uint64_t>(*value);
+    return decodePositionRecord(
+        nevpos.read(static_cast<std::uint64_t>(record) * kPositionRecordLength, kPositionDigits));
 }
 
-std::optional<std::uint64_t> textPosition(const std::filesystem::path& dataDirectory, std::int64_t record)
+std::optional<std::uint64_t> textPosition(const std::filesystem::path& dataDirectory, ProductRecord record)
 {
     DataFile nevpos(dataFilePath(dataDirectory, "nevpos.dat"));
     return textPosition(nevpos, record);
@@ -112,19 +103,13 @@ std::optional<KeyRecord> keyRecord(DataFile& directory, std::int64_t key)
     if (key < 0 || !directory.isOpen()) return std::nullopt;
     const std::string bytes =
         directory.read(static_cast<std::uint64_t>(key) * kDirectoryRecordLength, kDirectoryRecordLength);
-    if (bytes.empty()) return std::nullopt;
-    std::size_t consumed = 0;
-    const auto offset = scanInteger(bytes, &consumed);
-    if (!offset || consumed >= bytes.size() || bytes[consumed] != ',') return std::nullopt;
-    const auto count = scanInteger(std::string_view(bytes).substr(consumed + 1));
-    if (!count || *offset < 0 || *count < 0) return std::nullopt;
-    return KeyRecord{*offset, *count};
+    return decodeDirectoryRecord(bytes);
 }
 
-std::vector<std::int32_t> readRecordList(DataFile& list, std::int64_t offset, std::int64_t count,
-                                         bool commaAfterEach)
+std::vector<ProductRecord> readRecordList(DataFile& list, std::int64_t offset, std::int64_t count,
+                                          bool commaAfterEach)
 {
-    std::vector<std::int32_t> records;
+    std::vector<ProductRecord> records;
     if (count <= 0 || offset < 0 || !list.isOpen()) return records;
     const std::uint64_t start = static_cast<std::uint64_t>(offset);
     if (start >= list.size()) return records;
@@ -150,8 +135,8 @@ std::vector<std::int32_t> readRecordList(DataFile& list, std::int64_t offset, st
     return records;
 }
 
-std::vector<std::int32_t> productsOfKey(const std::filesystem::path& dataDirectory, IndexPair pair,
-                                        std::int64_t key)
+std::vector<ProductRecord> productsOfKey(const std::filesystem::path& dataDirectory, IndexPair pair,
+                                         std::int64_t key)
 {
     DataFile directory(dataFilePath(dataDirectory, directoryFileName(pair)));
     const auto record = keyRecord(directory, key);
@@ -176,7 +161,7 @@ std::optional<std::string> contraindicationName(const std::filesystem::path& dat
     return nameLine(file, index);
 }
 
-std::optional<std::vector<std::string>> productBlock(DataFile& gyful, DataFile& nevpos, std::int64_t record,
+std::optional<std::vector<std::string>> productBlock(DataFile& gyful, DataFile& nevpos, ProductRecord record,
                                                      std::size_t lineBuffer)
 {
     const auto offset = textPosition(nevpos, record);
@@ -210,17 +195,21 @@ std::optional<std::vector<std::string>> productBlock(DataFile& gyful, DataFile& 
     return lines;
 }
 
-std::optional<ProductLocation> locateProduct(const StartupTables& tables, std::int64_t record)
+ProductTexts::ProductTexts(const std::filesystem::path& dataDirectory)
+    : m_gyful(dataFilePath(dataDirectory, "gy.ful")), m_nevpos(dataFilePath(dataDirectory, "nevpos.dat"))
+{
+}
+
+std::optional<ProductLocation> locateProduct(const StartupTables& tables, ProductRecord record)
 {
     if (record < 0 || static_cast<std::uint64_t>(record) >= tables.productCodes.size()) return std::nullopt;
-    DataFile nevpos(dataFilePath(tables.dataDirectory, "nevpos.dat"));
-    const auto offset = textPosition(nevpos, record);
+    const auto offset = textPosition(tables.dataDirectory, record);
     if (!offset) return std::nullopt;
     return ProductLocation{std::string(tables.productCodes[static_cast<std::size_t>(record)]),
                            std::string(tables.productName(record)), *offset};
 }
 
-std::int32_t identifyProduct(const StartupTables& tables, std::string_view firstLine)
+ProductRecord identifyProduct(const StartupTables& tables, std::string_view firstLine)
 {
     return tables.recordOfCode(trim(firstLine.substr(0, 1253)));
 }

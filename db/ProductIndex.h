@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "db/DataFile.h"
+#include "db/ProductRecord.h"
+#include "db/RecordLayout.h"
 
 namespace rovanel
 {
@@ -31,31 +33,27 @@ enum class IndexPair { Atc, Contraindication, Ingredient, SideEffect };
 [[nodiscard]] std::vector<std::string> nameListFill(const StartupTables& tables, NameGroup group);
 
 // Record number of list position `position` in `group`: the position for medicines,
-// N - K1 - K2 + position for nutrition products; -1 for a negative position.
-[[nodiscard]] std::int32_t recordOfListPosition(const StartupTables& tables, NameGroup group,
-                                                std::int32_t position);
+// N - K1 - K2 + position for nutrition products; kNoProduct for a negative position.
+[[nodiscard]] ProductRecord recordOfListPosition(const StartupTables& tables, NameGroup group,
+                                                 std::int32_t position);
 
 // Offset of product `record`'s block in gy.ful (record `record` of nevpos.dat), or nothing.
-[[nodiscard]] std::optional<std::uint64_t> textPosition(DataFile& nevpos, std::int64_t record);
+[[nodiscard]] std::optional<std::uint64_t> textPosition(DataFile& nevpos, ProductRecord record);
 [[nodiscard]] std::optional<std::uint64_t> textPosition(const std::filesystem::path& dataDirectory,
-                                                        std::int64_t record);
+                                                        ProductRecord record);
 
 // Offset and count of key `key` in a directory file, or nothing when the record is missing or bad.
-struct KeyRecord {
-    std::int64_t offset = 0;
-    std::int32_t count = 0;
-};
 [[nodiscard]] std::optional<KeyRecord> keyRecord(DataFile& directory, std::int64_t key);
 
 // Reads up to `count` record numbers from `offset` of a list file (the separator after each number is
 // blank space, or a comma for mhind.dat); stops at the first thing that is not a number.
-[[nodiscard]] std::vector<std::int32_t> readRecordList(DataFile& list, std::int64_t offset,
-                                                       std::int64_t count, bool commaAfterEach);
+[[nodiscard]] std::vector<ProductRecord> readRecordList(DataFile& list, std::int64_t offset,
+                                                        std::int64_t count, bool commaAfterEach);
 
 // The products of key `key` of an index pair, in file order; empty when the files or the key are
 // missing. Record numbers are as the file holds them (callers that index tables check the range).
-[[nodiscard]] std::vector<std::int32_t> productsOfKey(const std::filesystem::path& dataDirectory,
-                                                      IndexPair pair, std::int64_t key);
+[[nodiscard]] std::vector<ProductRecord> productsOfKey(const std::filesystem::path& dataDirectory,
+                                                       IndexPair pair, std::int64_t key);
 
 // Line `index` of a file of 128-byte name lines (ellnrend.dat, mhnrend.dat, atcnrend.dat, atcnren5.dat),
 // leading blanks stripped and trimmed; nothing when the line is missing.
@@ -65,11 +63,42 @@ struct KeyRecord {
 
 // The lines of product `record`'s block in gy.ful, from its code line up to and including "#vege"
 // (or the end of the file, or a bound of 64000 bytes), each without its line end. Lines longer than
-// `lineBuffer` - 1 bytes are cut (the original reads through a fixed buffer: 1254 for the description
+// `lineBuffer` - 1 bytes are cut (each reader reads through a fixed buffer: 1254 for the description
 // builder, 255 for the interaction engine). Nothing when the record or its offset is bad.
 [[nodiscard]] std::optional<std::vector<std::string>> productBlock(DataFile& gyful, DataFile& nevpos,
-                                                                   std::int64_t record,
+                                                                   ProductRecord record,
                                                                    std::size_t lineBuffer = 1254);
+
+// gy.ful and nevpos.dat opened together, for the readers that find a product's block by its record
+// number (the description builder, the interaction engine, the same-ATC prices, rvcli locate).
+class ProductTexts
+{
+public:
+    ProductTexts() = default;
+    explicit ProductTexts(const std::filesystem::path& dataDirectory);
+
+    [[nodiscard]] bool isOpen() const { return m_gyful.isOpen() && m_nevpos.isOpen(); }
+    [[nodiscard]] std::uint64_t textSize() const { return m_gyful.size(); }
+    // Offset of the record's block in gy.ful (textPosition), or nothing.
+    [[nodiscard]] std::optional<std::uint64_t> position(ProductRecord record)
+    {
+        return textPosition(m_nevpos, record);
+    }
+    // The record's block (productBlock).
+    [[nodiscard]] std::optional<std::vector<std::string>> block(ProductRecord record, std::size_t lineBuffer)
+    {
+        return productBlock(m_gyful, m_nevpos, record, lineBuffer);
+    }
+    // Up to `length` bytes of gy.ful from `offset`.
+    [[nodiscard]] std::string read(std::uint64_t offset, std::size_t length)
+    {
+        return m_gyful.read(offset, length);
+    }
+
+private:
+    DataFile m_gyful;
+    DataFile m_nevpos;
+};
 
 // The product code and name of record `record` as `rvcli locate` shows them.
 struct ProductLocation {
@@ -77,10 +106,10 @@ struct ProductLocation {
     std::string name;
     std::uint64_t offset = 0;
 };
-[[nodiscard]] std::optional<ProductLocation> locateProduct(const StartupTables& tables, std::int64_t record);
+[[nodiscard]] std::optional<ProductLocation> locateProduct(const StartupTables& tables, ProductRecord record);
 
 // Identifies the product of a gy.ful block by its first line: trims it and finds the first slot of
-// table 1 equal to it. -1 when none is.
-[[nodiscard]] std::int32_t identifyProduct(const StartupTables& tables, std::string_view firstLine);
+// table 1 equal to it. kNoProduct when none is.
+[[nodiscard]] ProductRecord identifyProduct(const StartupTables& tables, std::string_view firstLine);
 
 }  // namespace rovanel

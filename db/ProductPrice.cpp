@@ -18,14 +18,6 @@ constexpr std::string_view kSupportDelimiters[kSupportFieldCount] = {
 constexpr std::string_view kMarkers[] = {"#ar", "#ha", "#ter", "#jav", "#adag", "#bet", "#ell",
                                          "#mh", "#ov", "#til", "#mer", "#fig",  "#nev", "#vege"};
 
-std::string_view withoutBlanks(std::string_view text)
-{
-    const auto first = text.find_first_not_of(" \t\r");
-    if (first == std::string_view::npos) return {};
-    const auto last = text.find_last_not_of(" \t\r");
-    return text.substr(first, last - first + 1);
-}
-
 }  // namespace
 
 std::array<std::string, kSupportFieldCount> splitSupportLine(std::string_view line)
@@ -83,7 +75,7 @@ std::vector<IndicationSupport> indicationSupports(std::string_view field)
     while (start < field.size()) {
         std::size_t end = field.find(',', start);
         if (end == std::string_view::npos) end = field.size();
-        const std::string_view entry = withoutBlanks(field.substr(start, end - start));
+        const std::string_view entry = stripBlanks(field.substr(start, end - start));
         start = end + 1;
         const std::size_t blank = entry.find(' ');
         if (entry.empty() || blank == std::string_view::npos) continue;  // "-" and bare codes carry no amount
@@ -98,7 +90,7 @@ std::vector<IndicationSupport> indicationSupports(std::string_view field)
 
 bool isMarkerLine(std::string_view line)
 {
-    const std::string_view text = withoutBlanks(line);
+    const std::string_view text = stripBlanks(line);
     if (text.empty() || text.front() != '#') return false;
     for (std::string_view marker : kMarkers)
         if (text == marker) return true;
@@ -110,7 +102,7 @@ std::vector<std::string_view> sectionLines(const std::vector<std::string_view>& 
 {
     std::vector<std::string_view> section;
     std::size_t i = 1;  // line 0 is the product code
-    while (i < lines.size() && withoutBlanks(lines[i]) != marker) ++i;
+    while (i < lines.size() && stripBlanks(lines[i]) != marker) ++i;
     for (++i; i < lines.size() && !isMarkerLine(lines[i]); ++i) section.push_back(lines[i]);
     return section;
 }

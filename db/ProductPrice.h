@@ -19,8 +19,8 @@ inline constexpr std::size_t kFieldIndicationSupports = 6;
 inline constexpr std::size_t kFieldDispensing = 7;
 inline constexpr std::size_t kFieldDeleted = 9;  // TT flag
 
-// The support line cut as the original's strtok walk cuts it: the delimiter changes from field to field
-// (";" eight times, then "^", "@", "#", "$", "*", "[", "]", "{", "}", "(", ")", "\xB3", "@", then the line
+// The support line cut as a strtok walk cuts it, the delimiter changing from field to field (";" eight
+// times, then "^", "@", "#", "$", "*", "[", "]", "{", "}", "(", ")", "\xB3", "@", then the line
 // end); leading delimiters of a field are skipped, so empty fields merge. Missing fields are empty.
 [[nodiscard]] std::array<std::string, kSupportFieldCount> splitSupportLine(std::string_view line);
 

@@ -46,14 +46,14 @@ bool headLines(std::string_view bytes, bool wholeRest, std::vector<std::string_v
     return wholeRest;
 }
 
-std::optional<PriceData> readPrice(DataFile& gyful, DataFile& nevpos, std::int32_t record)
+std::optional<PriceData> readPrice(ProductTexts& texts, ProductRecord record)
 {
-    const auto offset = textPosition(nevpos, record);
-    if (!offset || *offset >= gyful.size()) return std::nullopt;
+    const auto offset = texts.position(record);
+    if (!offset || *offset >= texts.textSize()) return std::nullopt;
     std::vector<std::string_view> lines;
-    std::string bytes = gyful.read(*offset, kHeadRead);
-    if (!headLines(bytes, *offset + bytes.size() >= gyful.size(), lines)) {
-        bytes = gyful.read(*offset, kBlockLimit);
+    std::string bytes = texts.read(*offset, kHeadRead);
+    if (!headLines(bytes, *offset + bytes.size() >= texts.textSize(), lines)) {
+        bytes = texts.read(*offset, kBlockLimit);
         if (!headLines(bytes, true, lines)) return std::nullopt;
     }
     return priceData(lines);
@@ -92,9 +92,8 @@ SameAtcList sameAtcProducts(const StartupTables& tables, std::string_view code, 
     const auto& directory = tables.dataDirectory;
     DataFile directoryFile(dataFilePath(directory, "atcindin.dat"));
     DataFile listFile(dataFilePath(directory, "atcind.dat"));
-    DataFile gyful(dataFilePath(directory, "gy.ful"));
-    DataFile nevpos(dataFilePath(directory, "nevpos.dat"));
-    if (!directoryFile.isOpen() || !listFile.isOpen() || !gyful.isOpen() || !nevpos.isOpen()) return list;
+    ProductTexts texts(directory);
+    if (!directoryFile.isOpen() || !listFile.isOpen() || !texts.isOpen()) return list;
     const auto key = keyRecord(directoryFile, slot);
     if (!key || key->count <= 0) return list;
     // A count larger than the products cannot be right; it is bounded rather than trusted.
@@ -103,9 +102,9 @@ SameAtcList sameAtcProducts(const StartupTables& tables, std::string_view code, 
 
     std::vector<Priced> products;
     products.reserve(records.size());
-    for (const std::int32_t record : records) {
+    for (const ProductRecord record : records) {
         if (record < 0 || record >= tables.counts.products()) continue;
-        const auto price = readPrice(gyful, nevpos, record);
+        const auto price = readPrice(texts, record);
         Priced priced{FoundDrug{record, 0}, std::nullopt};
         if (price) {
             if (hideDeleted && price->support[kFieldDeleted - 1] == "1") continue;

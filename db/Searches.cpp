@@ -36,11 +36,11 @@ Message tableMessage(const StartupTables& tables, int text, int caption)
 }
 
 // Record numbers outside the name list name nothing; they are left out of every result.
-std::vector<FoundDrug> validEntries(const StartupTables& tables, const std::vector<std::int32_t>& records)
+std::vector<FoundDrug> validEntries(const StartupTables& tables, const std::vector<ProductRecord>& records)
 {
     std::vector<FoundDrug> entries;
     entries.reserve(records.size());
-    for (std::int32_t record : records)
+    for (ProductRecord record : records)
         if (record >= 0 && static_cast<std::size_t>(record) < tables.productNames.size())
             entries.push_back(FoundDrug{record, 0});
     return entries;
@@ -69,14 +69,14 @@ SearchOutcome FillMhSpecIdxList2(const StartupTables& tables, const DrugSelectio
 {
     IndexFiles files = openPair(tables, "mhind.dat", "mhindin.dat");
     if (!files.isOpen()) return {};
-    std::vector<std::int32_t> kept;
+    std::vector<ProductRecord> kept;
     const auto key = sideEffect >= 0 ? keyRecord(files.directory, sideEffect) : std::nullopt;
     if (key && key->count > 0) {
         // Slots 0..SzedettGyCount, the one past the last entry included (it holds -1, which no record
         // equals).
         const std::size_t slots = static_cast<std::size_t>(std::clamp<std::int64_t>(
             std::int64_t{selection.SzedettGyCount} + 1, 0, selection.SzedettGy.size()));
-        for (std::int32_t record : readRecordList(files.list, key->offset, key->count, true))
+        for (ProductRecord record : readRecordList(files.list, key->offset, key->count, true))
             if (std::find(selection.SzedettGy.begin(),
                           selection.SzedettGy.begin() + static_cast<std::ptrdiff_t>(slots),
                           record) != selection.SzedettGy.begin() + static_cast<std::ptrdiff_t>(slots))

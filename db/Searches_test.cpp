@@ -5,7 +5,6 @@
 #include "db/Cp1250.h"
 #include "db/DrugSelection.h"
 #include "db/FoundDrugs.h"
-#include "db/MessageCatalog.h"
 #include "db/StartupTables.h"
 #include "tests/support/EngineDatabase.h"
 
@@ -17,7 +16,7 @@ namespace
 using testing::EngineDatabase;
 using testing::ScratchDirectory;
 
-std::string catalog(int line) { return messageCatalogLines()[static_cast<std::size_t>(line)]; }
+std::string cp(const char* utf8) { return utf8ToCp1250(utf8); }
 
 std::vector<int> range(int from, int count)
 {
@@ -59,13 +58,14 @@ TEST(FillMhIdxList, ListsUpTo600AndKeepsThePreviousResultOver600OrForNone)
     fixture.found.assign({{42, 0}});
     outcome = FillMhIdxList(fixture.tables, fixture.found, 1);
     EXPECT_FALSE(outcome.tableWritten);
-    EXPECT_EQ(outcome.message, (Message{catalog(msg::kMhTooMany), catalog(msg::kMhTooManyCaption),
-                                        MessageIcon::Information, false}));
+    EXPECT_EQ(outcome.message, (Message{cp("Ehhez a mellékhatáshoz 600-nál több gyógyszer tartozik. Szűkítse "
+                                           "a keresést a szedett gyógyszerekre!"),
+                                        cp("Mellékhatás keresés"), MessageIcon::Information, false}));
     EXPECT_EQ(fixture.found.entries(), (std::vector<FoundDrug>{{42, 0}}));
 
     outcome = FillMhIdxList(fixture.tables, fixture.found, 2);
-    EXPECT_EQ(outcome.message,
-              (Message{catalog(msg::kMhNone), catalog(msg::kMhCaption), MessageIcon::Information, false}));
+    EXPECT_EQ(outcome.message, (Message{cp("Ehhez a mellékhatáshoz nem tartozik gyógyszer."),
+                                        cp("Mellékhatás keresés"), MessageIcon::Information, false}));
     EXPECT_EQ(fixture.found.entries(), (std::vector<FoundDrug>{{42, 0}}));
     EXPECT_EQ(foundDrugNames(fixture.tables, fixture.found), (std::vector<std::string>{"P42"}));
 }
@@ -89,8 +89,9 @@ TEST(FillMhSpecIdxList2, KeepsOnlyTheDrugsTakenInFileOrderWithoutALimit)
     (void)selection.addDrug(650);
     outcome = FillMhSpecIdxList2(fixture.tables, selection, fixture.found, 3);
     EXPECT_TRUE(fixture.found.entries().empty());
-    EXPECT_EQ(outcome.message, (Message{catalog(msg::kMhNoneAmongTaken), catalog(msg::kMhCaption),
-                                        MessageIcon::Information, false}));
+    EXPECT_EQ(outcome.message,
+              (Message{cp("A szedett gyógyszerek közül egyik sem okozhatja ezt a mellékhatást."),
+                       cp("Mellékhatás keresés"), MessageIcon::Information, false}));
 }
 
 TEST(HaKeres, Lists600WithoutAMessageAndStopsAtThe601st)

@@ -5,6 +5,7 @@
 #include "app/IniFile.h"
 #include "app/UserPaths.h"
 #include "db/DataFile.h"
+#include "db/RecordLayout.h"
 #include "db/Text.h"
 
 namespace rovanel
@@ -16,7 +17,7 @@ const std::array<std::string_view, 7> kStartupFileNames = {"MSG.DAT", "inf.dat",
 namespace
 {
 
-// Line-buffer sizes of the original reads; a longer line is cut, never split.
+// Line-buffer sizes of the loader's reads; a longer line is cut, never split.
 constexpr std::size_t kLineBuffer = 255;
 
 // A count larger than this cannot be a real database (the generator's largest has 40,000 products); the
@@ -72,17 +73,17 @@ TextList cutFields(std::string_view data, std::size_t& offset, std::size_t count
 
 }  // namespace
 
-std::string_view StartupTables::productName(std::int64_t record) const
+std::string_view StartupTables::productName(ProductRecord record) const
 {
     if (record < 0 || static_cast<std::uint64_t>(record) >= productNames.size()) return {};
     return productNames[static_cast<std::size_t>(record)];
 }
 
-std::int32_t StartupTables::recordOfCode(std::string_view code) const
+ProductRecord StartupTables::recordOfCode(std::string_view code) const
 {
     for (std::size_t i = 0; i < productCodes.size(); ++i)
-        if (productCodes[i] == code) return static_cast<std::int32_t>(i);
-    return -1;
+        if (productCodes[i] == code) return static_cast<ProductRecord>(i);
+    return kNoProduct;
 }
 
 std::int32_t StartupTables::contraindicationOfCode(std::string_view code) const
@@ -153,13 +154,14 @@ StartupTables loadStartupTables(const std::filesystem::path& dataDirectory,
     std::size_t offset = 0;
     const bool anyTilde = codes.find('~') != std::string::npos;
     const bool anyNul = codes.find('\0') != std::string::npos;
-    tables.productCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[1]), 10, anyTilde, anyNul);
+    tables.productCodes =
+        cutFields(codes, offset, static_cast<std::size_t>(counts[1]), kProductCodeWidth, anyTilde, anyNul);
     tables.atcGroupCodes =
-        cutFields(codes, offset, static_cast<std::size_t>(counts[2]), 10, anyTilde, anyNul);
-    tables.contraindicationCodes =
-        cutFields(codes, offset, static_cast<std::size_t>(counts[4]), 6, anyTilde, anyNul);
+        cutFields(codes, offset, static_cast<std::size_t>(counts[2]), kAtcGroupCodeWidth, anyTilde, anyNul);
+    tables.contraindicationCodes = cutFields(codes, offset, static_cast<std::size_t>(counts[4]),
+                                             kContraindicationCodeWidth, anyTilde, anyNul);
     tables.sideEffectCodes =
-        cutFields(codes, offset, static_cast<std::size_t>(counts[3]), 6, anyTilde, anyNul);
+        cutFields(codes, offset, static_cast<std::size_t>(counts[3]), kSideEffectCodeWidth, anyTilde, anyNul);
     tables.reached = LoadStep::CodeTables;
 
     const auto pairs = readWholeFile(dataFilePath(dataDirectory, "xd.dat"));
@@ -188,8 +190,8 @@ StartupTables loadStartupTables(const std::filesystem::path& dataDirectory,
     tables.reached = LoadStep::ShortTexts;
 
     TextList names;
-    if (!loadLineList(dataFilePath(dataDirectory, "nevrend.dat"), 50, names)) return tables;
-    // The list has N slots (plus the original's terminator); extra lines would overflow it and are dropped.
+    if (!loadLineList(dataFilePath(dataDirectory, "nevrend.dat"), kNameLineLength, names)) return tables;
+    // The list has N slots; extra lines are dropped (see StartupLoader.KeepsTablesWithinTheirCounts).
     names.truncate(static_cast<std::size_t>(counts[1]));
     tables.productNames = std::move(names);
     tables.reached = LoadStep::Complete;

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "db/MessageTable.h"
+#include "db/ProductRecord.h"
 #include "db/TextList.h"
 
 namespace rovanel
@@ -54,15 +55,15 @@ struct StartupTables {
     LoadStep reached = LoadStep::Started;
 
     // Name of product `record`, or the empty text for a number outside the list.
-    [[nodiscard]] std::string_view productName(std::int64_t record) const;
-    // Record number of the product whose code equals `code` exactly (first match), or -1.
-    [[nodiscard]] std::int32_t recordOfCode(std::string_view code) const;
+    [[nodiscard]] std::string_view productName(ProductRecord record) const;
+    // Record number of the product whose code equals `code` exactly (first match), or kNoProduct.
+    [[nodiscard]] ProductRecord recordOfCode(std::string_view code) const;
     // Number of the contraindication whose code equals `code` exactly (first match), or -1.
     [[nodiscard]] std::int32_t contraindicationOfCode(std::string_view code) const;
 };
 
-// Loads everything from `dataDirectory`; `userIni` is the user's own RV.INI (the one the original finds
-// in the Windows directory), from which only "NapiKezTeljesArbol" is read.
+// Loads everything from `dataDirectory`; `userIni` is the user's own RV.INI (userIniPath), from which
+// only "NapiKezTeljesArbol" is read.
 [[nodiscard]] StartupTables loadStartupTables(const std::filesystem::path& dataDirectory,
                                               const std::filesystem::path& userIni);
 

@@ -22,6 +22,33 @@ std::string_view stripLeadingBlanks(std::string_view text)
     return first == std::string_view::npos ? std::string_view{} : text.substr(first);
 }
 
+std::string_view stripBlanks(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+namespace
+{
+constexpr char upperAsciiByte(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+}  // namespace
+
+std::string upperAscii(std::string_view text)
+{
+    std::string result(text);
+    for (char& c : result) c = upperAsciiByte(c);
+    return result;
+}
+
+bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (upperAsciiByte(a[i]) != upperAsciiByte(b[i])) return false;
+    return true;
+}
+
 std::string padTo(std::string_view text, std::size_t width)
 {
     if (width == 0) return {};

@@ -49,8 +49,17 @@ namespace rovanel
     return text.substr(0, length);
 }
 
-// Removes leading blanks (only blanks, as the original strip does).
+// Removes leading blanks (only blanks: a tab stays).
 [[nodiscard]] std::string_view stripLeadingBlanks(std::string_view text);
+
+// Removes blanks, tabs, CRs and LFs at both ends (INI and registry lines, support-line entries).
+[[nodiscard]] std::string_view stripBlanks(std::string_view text);
+
+// ASCII letters in upper case; every other byte, Windows-1250 letters included, as it is.
+[[nodiscard]] std::string upperAscii(std::string_view text);
+
+// Equal but for the case of ASCII letters (INI sections and keys, registry names, file names).
+[[nodiscard]] bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b);
 
 // Pads with blanks to width - 1 characters, cutting a longer text there (the last byte of a
 // width-byte buffer is its terminator).
@@ -67,9 +76,9 @@ namespace rovanel
 // digits; stops at the first non-digit. No digits, or overflow of 32 bits, gives nothing.
 [[nodiscard]] std::optional<std::int32_t> scanInteger(std::string_view text, std::size_t* consumed = nullptr);
 
-// Splits data into lines at LF, dropping the LF (a CR before it stays, as in the original text mode
-// on a port; use trim to remove it). A last line without LF counts; an empty tail does not.
-// Calls `visit(line)` for each; stops early when visit returns false.
+// Splits data into lines at LF, dropping the LF (a CR before it stays; use trim to remove it). A last line
+// without LF counts; an empty tail does not. Calls `visit(line)` for each; stops early when visit returns
+// false.
 template <typename Visit>
 void forEachLine(std::string_view data, Visit&& visit)
 {

@@ -22,10 +22,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto record =
         static_cast<std::int32_t>(std::clamp<std::int64_t>(parameters.at(0), INT32_MIN, INT32_MAX));
 
-    StyledDocument document;
-    const int result = buildDescription(tables, record, document);
-    ROVANEL_FUZZ_CHECK(result == 0 || result == 1);
-    if (record == -1) ROVANEL_FUZZ_CHECK(result == 0 && document.empty());
+    const Description description = buildDescription(tables, record);
+    const StyledDocument& document = description.document;
+    ROVANEL_FUZZ_CHECK(description.built || document.empty());
+    if (record == kNoProduct) ROVANEL_FUZZ_CHECK(description.built && document.empty());
     // A description comes from one block of at most 64000 bytes with headings and names around it.
     ROVANEL_FUZZ_CHECK(document.plainText().size() < 1'000'000);
 

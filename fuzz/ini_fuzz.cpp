@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/IniFile.h"
+#include "db/Text.h"
 #include "fuzz/FuzzSupport.h"
 
 using namespace rovanel;
@@ -13,23 +14,6 @@ using namespace rovanel::fuzzing;
 
 namespace
 {
-
-std::string_view stripBlanks(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
-
-bool sameIgnoringCase(std::string_view a, std::string_view b)
-{
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-        if (lower(a[i]) != lower(b[i])) return false;
-    }
-    return true;
-}
 
 // A name or value the file format can carry: one line, no blanks at its ends, no '=' in a key, no
 // section bracket or quote at the start.
@@ -84,7 +68,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ROVANEL_FUZZ_CHECK(readBack && *readBack == value);
     // What the user wrote before stays: every other key reads as it did.
     for (const auto& [otherSection, otherKey] : keysOf(content)) {
-        if (sameIgnoringCase(otherSection, section) && sameIgnoringCase(otherKey, key)) continue;
+        if (equalsIgnoringAsciiCase(otherSection, section) && equalsIgnoringAsciiCase(otherKey, key))
+            continue;
         ROVANEL_FUZZ_CHECK(findProfileValue(content, otherSection, otherKey) ==
                            findProfileValue(written, otherSection, otherKey));
     }

@@ -10,6 +10,7 @@
 #include <unordered_set>
 
 #include "db/DataFile.h"
+#include "db/RecordLayout.h"
 #include "db/Text.h"
 
 namespace rovanel
@@ -100,27 +101,23 @@ std::vector<int> treeDepths(std::string_view name, const std::vector<std::string
     return depths;
 }
 
-// "%ld,%d" directory records of 16 bytes: offset and count, the record blank-padded and CR LF ended.
-struct KeyRecord {
-    std::int64_t offset = 0;
-    std::int64_t count = 0;
-};
+// Directory records: each exactly as the encoder writes the values the reader decodes from it.
 std::vector<KeyRecord> directoryRecords(std::string_view name, std::string_view content, std::size_t count,
                                         Problems& problems)
 {
     std::vector<KeyRecord> records;
-    for (const std::string& text : fixedLines(name, content, 16, count, problems)) {
-        const std::size_t comma = text.find(',');
-        const auto offset =
-            comma == std::string::npos ? std::nullopt : parseInteger(std::string_view(text).substr(0, comma));
-        const auto number = comma == std::string::npos
-                                ? std::nullopt
-                                : parseInteger(std::string_view(text).substr(comma + 1));
-        if (!offset || !number || *offset < 0 || *number < 0) {
-            problems.add("record", at(name, records.size()) + "not \"offset,count\": " + text);
+    if (content.size() != kDirectoryRecordLength * count)
+        problems.add("size", std::string(name) + ": " + std::to_string(content.size()) + " bytes, expected " +
+                                 std::to_string(count) + " records");
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto bytes = fixedRecord(content, kDirectoryRecordLength, i);
+        if (!bytes) break;
+        const auto record = decodeDirectoryRecord(*bytes);
+        if (!record || encodeDirectoryRecord(*record) != *bytes) {
+            problems.add("record", at(name, i) + "not \"offset,count\": " + std::string(trim(*bytes)));
             records.push_back({});
         } else {
-            records.push_back({*offset, *number});
+            records.push_back(*record);
         }
     }
     return records;
@@ -132,11 +129,10 @@ void checkLists(std::string_view directoryName, std::string_view listName,
                 const std::vector<std::vector<std::int32_t>>& expected, bool commaAfterEach,
                 Problems& problems)
 {
-    const std::string separator = commaAfterEach ? ",\r\n" : "\r\n";
     std::size_t expectedSize = 0;
     for (std::size_t k = 0; k < expected.size() && k < records.size(); ++k) {
         std::string wanted;
-        for (std::int32_t r : expected[k]) wanted += std::to_string(r) + separator;
+        for (std::int32_t r : expected[k]) wanted += encodeListEntry(r, commaAfterEach);
         expectedSize += wanted.size();
         const KeyRecord& record = records[k];
         if (static_cast<std::size_t>(record.count) != expected[k].size()) {
@@ -403,9 +399,11 @@ std::vector<std::string> Checker::run()
 
     // KOD.DAT.
     const std::string& kod = m_files["KOD.DAT"];
-    if (kod.size() != n * 10 + groups * 10 + contras * 6 + effects * 6)
+    const std::size_t kodSize = n * kProductCodeWidth + groups * kAtcGroupCodeWidth +
+                                contras * kContraindicationCodeWidth + effects * kSideEffectCodeWidth;
+    if (kod.size() != kodSize)
         problems.add("size", "KOD.DAT: " + std::to_string(kod.size()) + " bytes, the counts need " +
-                                 std::to_string(n * 10 + groups * 10 + contras * 6 + effects * 6));
+                                 std::to_string(kodSize));
     if (kod.find_first_of(std::string("\r\n\x1A", 3) + '\0') != std::string::npos)
         problems.add("bytes", "KOD.DAT: holds a line end or forbidden byte");
     std::size_t offset = 0;
@@ -423,10 +421,10 @@ std::vector<std::string> Checker::run()
         }
         return codes;
     };
-    const std::vector<std::string> productCodes = table(n, 10, "table 1");
-    const std::vector<std::string> groupCodes = table(groups, 10, "table 2");
-    const std::vector<std::string> contraCodes = table(contras, 6, "table 3");
-    const std::vector<std::string> effectCodes = table(effects, 6, "table 4");
+    const std::vector<std::string> productCodes = table(n, kProductCodeWidth, "table 1");
+    const std::vector<std::string> groupCodes = table(groups, kAtcGroupCodeWidth, "table 2");
+    const std::vector<std::string> contraCodes = table(contras, kContraindicationCodeWidth, "table 3");
+    const std::vector<std::string> effectCodes = table(effects, kSideEffectCodeWidth, "table 4");
     for (const std::string& code : productCodes)
         if (code.size() != 10)
             problems.add("kod", "KOD.DAT table 1: product code " + code + " is not 10 characters");
@@ -439,20 +437,23 @@ std::vector<std::string> Checker::run()
     m_sideEffects.insert(effectCodes.begin(), effectCodes.end());
 
     // Names, positions and blocks.
-    const std::vector<std::string> names = fixedLines("nevrend.dat", m_files["nevrend.dat"], 50, n, problems);
+    const std::vector<std::string> names =
+        fixedLines("nevrend.dat", m_files["nevrend.dat"], kNameLineLength, n, problems);
     for (std::size_t i = 0; i < names.size(); ++i) {
-        const std::string_view raw = std::string_view(m_files["nevrend.dat"]).substr(i * 50, 48);
+        const std::string_view raw =
+            std::string_view(m_files["nevrend.dat"]).substr(i * kNameLineLength, kNameLineLength - 2);
         if (names[i].empty() || names[i] == " " || raw.find('~') != std::string_view::npos)
             problems.add("names", at("nevrend.dat", i) + "empty name or '~'");
     }
     const std::string& gyful = m_files["gy.ful"];
     std::vector<std::size_t> offsets;
     const std::string& nevpos = m_files["nevpos.dat"];
-    if (nevpos.size() != n * 10) problems.add("size", "nevpos.dat: not N records of 10 bytes");
+    if (nevpos.size() != n * kPositionRecordLength)
+        problems.add("size", "nevpos.dat: not N records of 10 bytes");
     for (std::size_t p = 0; p < n; ++p) {
-        const auto record = fixedRecord(nevpos, 10, p);
-        const auto value = record ? parseInteger(record->substr(0, 8)) : std::nullopt;
-        if (!record || !record->ends_with("\r\n") || !value || (*record)[0] == '-' || (*record)[7] == ' ') {
+        const auto record = fixedRecord(nevpos, kPositionRecordLength, p);
+        const auto value = record ? decodePositionRecord(record->substr(0, kPositionDigits)) : std::nullopt;
+        if (!value || encodePositionRecord(*value) != *record) {
             problems.add("record", at("nevpos.dat", p) + "not an offset right-aligned in 8 characters");
             return problems.take();
         }
@@ -503,9 +504,9 @@ std::vector<std::string> Checker::run()
         treeDepths("atcnren2.dat", lines["atcnren2.dat"], problems, &nodeTexts);
     if (atcDepths.size() != groups) problems.add("counts", "atcnren2.dat: node count differs from count 2");
     const std::vector<std::string> groupNames =
-        fixedLines("atcnrend.dat", m_files["atcnrend.dat"], 128, groups, problems);
+        fixedLines("atcnrend.dat", m_files["atcnrend.dat"], kNameFileLineLength, groups, problems);
     const std::vector<std::string> levelLines =
-        fixedLines("atcnren5.dat", m_files["atcnren5.dat"], 128, groups, problems);
+        fixedLines("atcnren5.dat", m_files["atcnren5.dat"], kNameFileLineLength, groups, problems);
     for (std::size_t k = 0;
          k < groups && k < atcDepths.size() && k < groupNames.size() && k < levelLines.size(); ++k) {
         const std::string& code = groupCodes[k];
@@ -537,9 +538,9 @@ std::vector<std::string> Checker::run()
     if (treeDepths("mhnren2.dat", lines["mhnren2.dat"], problems, &effectNodes).size() != effects)
         problems.add("counts", "mhnren2.dat: node count differs from count 3");
     const std::vector<std::string> contraNames =
-        fixedLines("ellnrend.dat", m_files["ellnrend.dat"], 128, contras, problems);
+        fixedLines("ellnrend.dat", m_files["ellnrend.dat"], kNameFileLineLength, contras, problems);
     const std::vector<std::string> effectNames =
-        fixedLines("mhnrend.dat", m_files["mhnrend.dat"], 128, effects, problems);
+        fixedLines("mhnrend.dat", m_files["mhnrend.dat"], kNameFileLineLength, effects, problems);
     for (std::size_t k = 0; k < contraNames.size() && k < contraNodes.size(); ++k)
         if (contraNodes[k] != contraNames[k])
             problems.add("names", at("ellnrend.dat", k) + "differs from its tree node");

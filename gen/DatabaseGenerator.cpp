@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <fstream>
 #include <map>
 #include <set>
 #include <span>
@@ -15,7 +14,10 @@
 #include "db/Cp1250.h"
 #include "db/HungarianCollation.h"
 #include "db/MessageCatalog.h"
+#include "db/RecordLayout.h"
 #include "gen/AtcBook.h"
+#include "gen/GeneratedFile.h"
+#include "gen/PictureWriter.h"
 
 namespace rovanel
 {
@@ -500,16 +502,6 @@ std::string serialText(int serial)
     }
     return text;
 }
-
-std::string padRight(std::string_view text, std::size_t width)
-{
-    std::string padded(text.substr(0, width));
-    padded.resize(width, ' ');
-    return padded;
-}
-
-// A fixed-width line: the text blank-padded to width - 2 bytes, then CR LF.
-std::string fixedLine(std::string_view text, std::size_t width) { return padRight(text, width - 2) + "\r\n"; }
 
 std::string number(long long value) { return std::to_string(value); }
 
@@ -1226,12 +1218,11 @@ void indexPair(const std::vector<std::vector<std::int32_t>>& lists, bool sentine
 {
     for (const auto& records : lists) {
         const std::size_t offset = records.empty() ? 0 : list.size();
-        directory += fixedLine(
-            number(static_cast<long long>(offset)) + "," + number(static_cast<long long>(records.size())),
-            16);
-        for (std::int32_t r : records) list += number(r) + (commaAfterEach ? ",\r\n" : "\r\n");
+        directory += encodeDirectoryRecord(
+            {static_cast<std::int64_t>(offset), static_cast<std::int32_t>(records.size())});
+        for (std::int32_t r : records) list += encodeListEntry(r, commaAfterEach);
     }
-    if (sentinel) directory += fixedLine("0,0", 16);
+    if (sentinel) directory += encodeDirectoryRecord({0, 0});
 }
 
 // A tree of table codes: groups (3 characters) at depth 0, leaves at depth 1.
@@ -1260,18 +1251,6 @@ std::vector<std::vector<std::int32_t>> codeLists(std::span<const CodeEntry> entr
     return lists;
 }
 
-bool writeFile(const std::filesystem::path& path, std::string_view content, std::string* error)
-{
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(content.data(), static_cast<std::streamsize>(content.size()));
-    out.close();
-    if (!out) {
-        if (error) *error = "cannot write " + path.string();
-        return false;
-    }
-    return true;
-}
-
 bool Generator::write(const std::filesystem::path& directory, std::string* error)
 {
     std::error_code ec;
@@ -1287,11 +1266,10 @@ bool Generator::write(const std::filesystem::path& directory, std::string* error
     std::string nevrend, nevpos, gyful, kod;
     for (std::size_t r = 0; r < n; ++r) {
         const Product& product = m_products[m_order[r]];
-        nevrend += fixedLine(product.name, 50);
-        std::string offset = number(static_cast<long long>(gyful.size()));
-        nevpos += std::string(offset.size() < 8 ? 8 - offset.size() : 0, ' ') + offset + "\r\n";
+        nevrend += encodeFixedLine(product.name, kNameLineLength);
+        nevpos += encodePositionRecord(gyful.size());
         gyful += productBlock(product);
-        kod += padRight(product.code, 10);
+        kod += encodeCodeField(product.code, kProductCodeWidth);
     }
     if (gyful.size() >= 100'000'000) {
         if (error) *error = "gy.ful would need offsets of more than 8 digits";
@@ -1314,7 +1292,7 @@ bool Generator::write(const std::filesystem::path& directory, std::string* error
     std::vector<std::vector<std::int32_t>> atcLists(groups.size());
     for (const std::string& code : groups) {
         const Group& group = m_groups.at(code);
-        kod += padRight(code, 10);
+        kod += encodeCodeField(code, kAtcGroupCodeWidth);
         const int depth = code.size() == 1   ? 0
                           : code.size() == 3 ? 1
                           : code.size() == 4 ? 2
@@ -1322,8 +1300,8 @@ bool Generator::write(const std::filesystem::path& directory, std::string* error
                                              : 4;
         atcTree += std::string(static_cast<std::size_t>(depth), '\t') + group.name + " (" +
                    group.international + ")\r\n";
-        atcNames += fixedLine(group.name, 128);
-        atcLevels += fixedLine(group.international + "  " + group.name, 128);
+        atcNames += encodeFixedLine(group.name, kNameFileLineLength);
+        atcLevels += encodeFixedLine(group.international + "  " + group.name, kNameFileLineLength);
     }
     for (std::size_t r = 0; r < n; ++r) {
         const std::string& code = m_products[m_order[r]].code;
@@ -1331,8 +1309,9 @@ bool Generator::write(const std::filesystem::path& directory, std::string* error
             atcLists[static_cast<std::size_t>(groupIndex.at(code.substr(0, length)))].push_back(
                 static_cast<std::int32_t>(r));
     }
-    for (const CodeEntry& entry : kContraindications) kod += padRight(entry.code, 6);
-    for (const CodeEntry& entry : kSideEffects) kod += padRight(entry.code, 6);
+    for (const CodeEntry& entry : kContraindications)
+        kod += encodeCodeField(entry.code, kContraindicationCodeWidth);
+    for (const CodeEntry& entry : kSideEffects) kod += encodeCodeField(entry.code, kSideEffectCodeWidth);
 
     // Contraindication and side-effect indexes.
     std::vector<const std::vector<std::string>*> contraSections, effectSections;
@@ -1343,8 +1322,10 @@ bool Generator::write(const std::filesystem::path& directory, std::string* error
     const auto contraLists = codeLists(kContraindications, contraSections);
     const auto effectLists = codeLists(kSideEffects, effectSections);
     std::string contraNames, effectNames;
-    for (const CodeEntry& entry : kContraindications) contraNames += fixedLine(cp(entry.name), 128);
-    for (const CodeEntry& entry : kSideEffects) effectNames += fixedLine(cp(entry.name), 128);
+    for (const CodeEntry& entry : kContraindications)
+        contraNames += encodeFixedLine(cp(entry.name), kNameFileLineLength);
+    for (const CodeEntry& entry : kSideEffects)
+        effectNames += encodeFixedLine(cp(entry.name), kNameFileLineLength);
 
     // Active ingredients: the names of the medicine substances among the own codes, in Hungarian order.
     std::map<std::string, std::string> ingredientKeys;  // name -> sort key
@@ -1479,7 +1460,7 @@ bool Generator::write(const std::filesystem::path& directory, std::string* error
          "BetegAdatokIniPath=beteg.ini\r\nPathToUpdate=\r\n"},
     };
     for (const auto& [name, content] : files)
-        if (!writeFile(directory / name, content, error)) return false;
+        if (!writeGeneratedFile(directory, name, content, error)) return false;
     return true;
 }
 
@@ -1526,6 +1507,7 @@ std::optional<PlantedCases> generateDatabase(const std::filesystem::path& direct
 {
     Generator generator(options);
     if (!generator.build(error) || !generator.write(directory, error)) return std::nullopt;
+    if (!writePictures(directory, error)) return std::nullopt;
     return generator.planted;
 }
 

@@ -176,7 +176,7 @@ void TMain::FormCreate()
 
     // The start-up tables. The hourglass goes back only after a complete load, as it always has.
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    m_state.tables = rovanel::loadStartupTables(QDir::currentPath().toStdString(), rovanel::userIniPath());
+    m_state.openDatabase(QDir::currentPath().toStdString(), rovanel::userIniPath());
     if (m_state.tables.reached == rovanel::LoadStep::Complete) QApplication::restoreOverrideCursor();
 
     if (auto error = rovanel::EnsureRegistryDefaults(*m_registry)) showMessage(this, *error);
@@ -254,7 +254,7 @@ void TMain::closeEvent(QCloseEvent* event)
     emit closed();
 }
 
-void TMain::FormClose() { m_state.tables = rovanel::StartupTables{}; }
+void TMain::FormClose() { m_state.closeDatabase(); }
 
 void TMain::ShowPic()
 {

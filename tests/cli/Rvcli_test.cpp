@@ -68,15 +68,41 @@ TEST(Rvcli, SubcommandsAgreeOnTheDemoDatabase)
 
 TEST(Rvcli, RefusesBadUsageAndUnreadableDirectoriesWithExitCode2)
 {
-    EXPECT_EQ(rvcli("").exitCode, 2);
-    EXPECT_EQ(rvcli("frobnicate").exitCode, 2);
-    EXPECT_EQ(rvcli("info").exitCode, 2);
-    EXPECT_EQ(rvcli("info /no/such/directory").exitCode, 2);
-    EXPECT_EQ(rvcli("names " + kDemo + " --wrong").exitCode, 2);
-    EXPECT_EQ(rvcli("locate " + kDemo + " x12").exitCode, 2);
-    EXPECT_EQ(rvcli("products-of " + kDemo + " colour 1").exitCode, 2);
-    EXPECT_EQ(rvcli("locate " + kDemo + " 99999999").exitCode, 1);
+    struct Case {
+        const char* what;
+        std::string arguments;
+        int exitCode;
+    };
+    const Case cases[] = {
+        {"no command", "", 2},
+        {"unknown command", "frobnicate", 2},
+        {"no directory", "info", 2},
+        {"missing directory", "info /no/such/directory", 2},
+        {"unknown option", "names " + kDemo + " --wrong", 2},
+        {"record that is no number", "locate " + kDemo + " x12", 2},
+        {"unknown index pair", "products-of " + kDemo + " colour 1", 2},
+        {"record past the database", "locate " + kDemo + " 99999999", 1},
+        // A record number outside the record type is bad usage, for locate as for describe: it must
+        // never wrap around to product 0.
+        {"locate: record past 32 bits", "locate " + kDemo + " 4294967296", 2},
+        {"locate: record below -1", "locate " + kDemo + " -2", 2},
+        {"describe: record past 32 bits", "describe " + kDemo + " 4294967296", 2},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(rvcli(c.arguments).exitCode, c.exitCode);
+    }
     EXPECT_EQ(rvcli("products-of " + kDemo + " atc 99999999").out, "");
+}
+
+TEST(Rvcli, UsageComesFromTheCommandTableAndEndsItsLine)
+{
+    EXPECT_EQ(rvcli("locate", true).out, "rvcli: usage: rvcli locate DIR P\n");
+    EXPECT_EQ(rvcli("describe " + kDemo + " x", true).out, "rvcli: usage: rvcli describe DIR P\n");
+    const std::string all = rvcli("frobnicate", true).out;
+    EXPECT_EQ(all.rfind("rvcli: unknown command 'frobnicate'\nusage:\n  rvcli gen DIR", 0), 0u);
+    EXPECT_EQ(all.back(), '\n');
+    EXPECT_EQ(lines(rvcli("", true).out).size(), 12u) << "usage: and one line per command";
 }
 
 }  // namespace

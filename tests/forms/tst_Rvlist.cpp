@@ -87,8 +87,8 @@ void TestRvlist::cleanup()
 void TestRvlist::open(const char* ttValue)
 {
     if (ttValue)
-        rovanel::writeProfileString(m_directory / "RV.INI", "Rovanel Beallitasok", "TTNemKellLeirasba",
-                                    ttValue);
+        QVERIFY(rovanel::writeProfileString(m_directory / "RV.INI", "Rovanel Beallitasok",
+                                            "TTNemKellLeirasba", ttValue));
     m_form = std::make_unique<TGylist>(*m_state);
     m_form->show();
 }
@@ -224,7 +224,7 @@ void TestRvlist::ttBoxIsTheUsersSettingOverTheDatabaseFoldersDefault()
     QCOMPARE(foundRecords(*m_state), (std::vector<std::int32_t>{0}));  // GAMMA is deleted
 
     // The user's value wins over the folder's at the next start.
-    rovanel::writeProfileString(userIni, "Rovanel Beallitasok", "TTNemKellLeirasba", "NEM");
+    QVERIFY(rovanel::writeProfileString(userIni, "Rovanel Beallitasok", "TTNemKellLeirasba", "NEM"));
     open("IGEN");
     QVERIFY(!control<QCheckBox>("TTNemKell")->isChecked());
 }

@@ -93,7 +93,7 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
                                    ",0,0,0,0,0,0,0,1\r\n");
     std::string kod, nevrend, gyful, nevpos;
     for (const EngineProduct& product : products) {
-        kod += field(product.code, 10);
+        kod += encodeCodeField(product.code, kProductCodeWidth);
         nevrend += nameLine(product.name);
         nevpos += positionRecord(static_cast<long>(gyful.size()));
         std::string block = product.code + "\r\n";
@@ -108,9 +108,11 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
         block += "#mer\r\n#fig\r\n#nev\r\n#vege\r\n";
         gyful += block;
     }
-    for (const auto& group : atcGroups) kod += field(group.first, 10);
-    for (const auto& contra : contraindications) kod += field(contra.first, 6);
-    for (std::size_t i = 0; i < sideEffects.size(); ++i) kod += field("M" + std::to_string(i), 6);
+    for (const auto& group : atcGroups) kod += encodeCodeField(group.first, kAtcGroupCodeWidth);
+    for (const auto& contra : contraindications)
+        kod += encodeCodeField(contra.first, kContraindicationCodeWidth);
+    for (std::size_t i = 0; i < sideEffects.size(); ++i)
+        kod += encodeCodeField("M" + std::to_string(i), kSideEffectCodeWidth);
     directory.write("KOD.DAT", kod);
     directory.write("xd.dat", "");
     directory.write("x.dat", "");

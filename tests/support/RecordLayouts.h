@@ -1,43 +1,30 @@
-// The fixed-width records of the data directory, for tests that write databases byte by byte
-// (layouts in docs/data-format.md).
+// The fixtures' shorthands for db/RecordLayout.h: names given in UTF-8, numbers as plain longs.
 #pragma once
 
-#include <cstdio>
+#include <cstdint>
 #include <string>
 
 #include "db/Cp1250.h"
+#include "db/RecordLayout.h"
 
 namespace rovanel::testing
 {
 
-// `text` blank-padded (or cut) to `width` bytes.
-inline std::string field(const std::string& text, std::size_t width)
+inline std::string nameLine(const std::string& name)
 {
-    std::string padded = text;
-    padded.resize(width, ' ');
-    return padded;
+    return encodeFixedLine(utf8ToCp1250(name), kNameLineLength);
 }
-
-// A nevrend.dat line: `name` (UTF-8 here, Windows-1250 in the file) padded to 48 bytes, then CR LF.
-inline std::string nameLine(const std::string& name) { return field(utf8ToCp1250(name), 48) + "\r\n"; }
-
-// A 128-byte name-file line (ellnrend.dat, mhnrend.dat, atcnrend.dat, atcnren5.dat); `name` is UTF-8.
-inline std::string nameFileLine(const std::string& name) { return field(utf8ToCp1250(name), 126) + "\r\n"; }
-
-// A 10-byte nevpos.dat record.
+inline std::string nameFileLine(const std::string& name)
+{
+    return encodeFixedLine(utf8ToCp1250(name), kNameFileLineLength);
+}
 inline std::string positionRecord(long offset)
 {
-    char buffer[16];
-    std::snprintf(buffer, sizeof buffer, "%8ld\r\n", offset);
-    return buffer;
+    return encodePositionRecord(static_cast<std::uint64_t>(offset));
 }
-
-// A 16-byte directory record "%ld,%d".
 inline std::string directoryRecord(long offset, long count)
 {
-    char buffer[40];
-    std::snprintf(buffer, sizeof buffer, "%ld,%ld", offset, count);
-    return field(buffer, 14) + "\r\n";
+    return encodeDirectoryRecord({offset, static_cast<std::int32_t>(count)});
 }
 
 }  // namespace rovanel::testing

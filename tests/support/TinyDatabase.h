@@ -26,10 +26,10 @@ inline void writeTinyDatabase(const ScratchDirectory& directory)
     directory.write("MSG.DAT", utf8ToCp1250(msg));
     directory.write("inf.dat", "5,3,2,2,0,0,0,2,2,0,1,1,1\r\n");
     std::string kod;
-    for (const char* code : codes) kod += field(code, 10);
-    for (const char* group : {"C", "C08", "C08C"}) kod += field(group, 10);
-    for (const char* contra : {"E01", "E0101"}) kod += field(contra, 6);
-    for (const char* effect : {"M01", "M0101"}) kod += field(effect, 6);
+    for (const char* code : codes) kod += encodeCodeField(code, kProductCodeWidth);
+    for (const char* group : {"C", "C08", "C08C"}) kod += encodeCodeField(group, kAtcGroupCodeWidth);
+    for (const char* contra : {"E01", "E0101"}) kod += encodeCodeField(contra, kContraindicationCodeWidth);
+    for (const char* effect : {"M01", "M0101"}) kod += encodeCodeField(effect, kSideEffectCodeWidth);
     directory.write("KOD.DAT", kod);
     directory.write("xd.dat", "0,3\r\n1,2\r\n");
     directory.write("x.dat", "tabl.\r\nkaps.\r\n");

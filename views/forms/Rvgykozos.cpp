@@ -32,7 +32,7 @@ TGyKozos::TGyKozos(rovanel::SharedState& state, QWidget* parent) : QWidget(paren
     setHelpContext(this, kHelpContext);
 }
 
-void TGyKozos::showProduct(std::int32_t record, const QString& caption)
+void TGyKozos::showProduct(rovanel::ProductRecord record, const QString& caption)
 {
     m_description->showProduct(m_state.tables, record);
     setWindowTitle(caption);

@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <cstdint>
 
+#include "db/ProductRecord.h"
+
 namespace rovanel
 {
 struct SharedState;
@@ -24,7 +26,7 @@ public:
 
     // Shows product `record` (-1: an empty box): clears the box, builds the description into it, takes
     // `caption` (the list entry the user chose) as the window's title and shows the window.
-    void showProduct(std::int32_t record, const QString& caption);
+    void showProduct(rovanel::ProductRecord record, const QString& caption);
 
     // Scrolls GyKozosLeiro to the first occurrence of `text` (see views/forms/kit/StyledText.h).
     void SearchRtf(const QString& text);

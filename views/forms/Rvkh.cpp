@@ -236,7 +236,7 @@ void TKh::ATCKeresClick()
     const int node = rovanel::forms::selectedNode(m_atcTree);
     if (node < 0) return;
     m_found->clear();
-    m_state.selection.KhResultValid = 0;
+    m_state.selection.markReportOutdated();
     m_eredmeny->clear();
     showResult(rovanel::KhRun(m_state, rovanel::KhMode::AtcGroup, node));
 }
@@ -245,7 +245,7 @@ void TKh::ATCTreeChange()
 {
     m_found->clear();
     m_eredmeny->clear();
-    m_state.selection.KhResultValid = 0;
+    m_state.selection.markReportOutdated();
 }
 
 void TKh::GyMegnezClick()
@@ -263,7 +263,7 @@ void TKh::KhGyMegnezClick()
     m_viewer(m_state.found.recordAt(row), m_found->item(row)->text());
 }
 
-void TKh::KhSzedettGyListDblClick(std::int32_t record, const QString& caption)
+void TKh::KhSzedettGyListDblClick(rovanel::ProductRecord record, const QString& caption)
 {
     if (m_viewer) m_viewer(record, caption);
 }

@@ -45,7 +45,7 @@ public slots:
     void ATCTreeChange();
     void GyMegnezClick();
     void KhGyMegnezClick();
-    void KhSzedettGyListDblClick(std::int32_t record, const QString& caption);
+    void KhSzedettGyListDblClick(rovanel::ProductRecord record, const QString& caption);
 
 protected:
     void showEvent(QShowEvent* event) override;

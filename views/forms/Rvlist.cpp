@@ -208,7 +208,7 @@ void TGylist::AzonAtcClick(int row)
 void TGylist::AzonAtcNevClick(int row)
 {
     if (m_filling || row < 0) return;
-    const std::int32_t record = m_state.found.recordAt(row);
+    const rovanel::ProductRecord record = m_state.found.recordAt(row);
     m_leiras->showProduct(m_state.tables, record);
     const auto& names = m_state.tables.productNames;
     if (medicinesShown() && record >= 0 && record < m_gylist->count())

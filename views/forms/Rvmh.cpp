@@ -146,7 +146,7 @@ void TMh::GyMegnezClick()
     m_viewer(m_state.found.recordAt(row), m_found->item(row)->text());
 }
 
-void TMh::MhSzedettGyListDblClick(std::int32_t record, const QString& caption)
+void TMh::MhSzedettGyListDblClick(rovanel::ProductRecord record, const QString& caption)
 {
     if (m_viewer) m_viewer(record, caption);
 }

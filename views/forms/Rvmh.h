@@ -36,7 +36,7 @@ public slots:
     void MhKeresClick();
     void GyListMegnezClick();
     void GyMegnezClick();
-    void MhSzedettGyListDblClick(std::int32_t record, const QString& caption);
+    void MhSzedettGyListDblClick(rovanel::ProductRecord record, const QString& caption);
 
 protected:
     void showEvent(QShowEvent* event) override;

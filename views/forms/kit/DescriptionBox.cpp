@@ -85,12 +85,10 @@ DescriptionBox::DescriptionBox(const char* boxName, Captions captions, QWidget* 
     layout->addLayout(buttons);
 }
 
-void DescriptionBox::showProduct(const rovanel::StartupTables& tables, std::int32_t record)
+void DescriptionBox::showProduct(const rovanel::StartupTables& tables, rovanel::ProductRecord record)
 {
     m_box->clear();
-    rovanel::StyledDocument document;
-    (void)rovanel::buildDescription(tables, record, document);  // a failure leaves what was built
-    renderInto(m_box, document);
+    renderInto(m_box, rovanel::buildDescription(tables, record).document);  // a failure shows nothing
 }
 
 void DescriptionBox::clear() { m_box->clear(); }

@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <cstdint>
 
+#include "db/ProductRecord.h"
+
 class QPushButton;
 class QTextEdit;
 
@@ -30,7 +32,7 @@ public:
 
     // Empties the box, then writes product `record`'s description into it; a record that cannot be
     // described leaves what was built (nothing for the "no product" record).
-    void showProduct(const rovanel::StartupTables& tables, std::int32_t record);
+    void showProduct(const rovanel::StartupTables& tables, rovanel::ProductRecord record);
     void clear();
 
     // Puts `widget` between the box and the buttons (the drug list's ATC picture): while it is shown,

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "db/ProductRecord.h"
+
 class QListWidget;
 class QPushButton;
 class QTreeWidget;
@@ -20,7 +22,7 @@ namespace rovanel::forms
 {
 
 // Shows product `record`'s description under `caption` in the shared description window.
-using DescriptionViewer = std::function<void(std::int32_t record, const QString& caption)>;
+using DescriptionViewer = std::function<void(rovanel::ProductRecord record, const QString& caption)>;
 
 // A push button named `name`.
 [[nodiscard]] QPushButton* button(const char* name, const QString& caption, QWidget* parent);

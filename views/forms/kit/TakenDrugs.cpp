@@ -37,7 +37,7 @@ TakenDrugs::TakenDrugs(rovanel::SharedState& state, const Controls& controls, QW
     connect(m_list, &QListWidget::itemDoubleClicked, this, &TakenDrugs::lineDoubleClicked);
 }
 
-void TakenDrugs::add(std::int32_t record, const QString& name)
+void TakenDrugs::add(rovanel::ProductRecord record, const QString& name)
 {
     const rovanel::SelectionChange change = m_state.selection.addDrug(record);
     if (change.outcome == rovanel::SelectionOutcome::Changed) {
@@ -71,8 +71,9 @@ void TakenDrugs::lineDoubleClicked()
     const int row = selectedRow(m_list);
     if (row < 0) return;
     const auto& drugSlots = m_state.selection.SzedettGy;
-    const std::int32_t record =
-        static_cast<std::size_t>(row) < drugSlots.size() ? drugSlots[static_cast<std::size_t>(row)] : -1;
+    const rovanel::ProductRecord record = static_cast<std::size_t>(row) < drugSlots.size()
+                                              ? drugSlots[static_cast<std::size_t>(row)]
+                                              : rovanel::kNoProduct;
     emit descriptionRequested(record, m_list->item(row)->text());
 }
 

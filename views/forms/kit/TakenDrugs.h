@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <cstdint>
 
+#include "db/ProductRecord.h"
+
 class QListWidget;
 
 namespace rovanel
@@ -36,7 +38,7 @@ public:
 
     // AddSzGy: adds product `record` under `name` (silently nothing when it is there already; the
     // limit's message when the list is full).
-    void add(std::int32_t record, const QString& name);
+    void add(rovanel::ProductRecord record, const QString& name);
     // The delete button: removes the selected line, or asks for one.
     void removeSelected();
     // The clear button: empties the list and the selection's drugs.
@@ -46,7 +48,7 @@ signals:
     // The drugs taken changed: the window's results no longer hold.
     void changed();
     // A line was double-clicked: show that drug's description.
-    void descriptionRequested(std::int32_t record, const QString& caption);
+    void descriptionRequested(rovanel::ProductRecord record, const QString& caption);
 
 private:
     void lineDoubleClicked();
