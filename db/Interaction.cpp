@@ -31,6 +31,8 @@ constexpr std::size_t kOwnCodesOfDrugTaken = 20;
 constexpr std::size_t kOwnCodesOfGroupProduct = 100;
 // Names over this many characters together put the finding on its own line.
 constexpr std::size_t kNamesOnOneLine = 60;
+// Drug names and the heading stand out in the styled report.
+const TextStyle kNameStyle{.bold = true};
 
 constexpr std::array<std::string_view, 7> kEngineFiles = {"nevrend.dat",  "atcindin.dat", "atcind.dat",
                                                           "ellindin.dat", "ellind.dat",   "ellnrend.dat",
@@ -292,21 +294,32 @@ private:
             text = "\n\n " + phrase;
         const TakenDrug& a = m_taken[i];
         const TakenDrug& b = m_taken[j];
-        std::string& report = m_result.report;
-        report += a.name;
-        report += utf8ToCp1250(" és ");
-        report += b.name;
-        report += a.name.size() + b.name.size() > kNamesOnOneLine ? "\n" : " : ";
-        report += text;
-        report += "\n\n";
+        const bool avoid = phraseLine == msg::kKhAvoidPhrase;
+        const TextStyle finding{.bold = avoid, .colour = avoid ? kAvoidColour : kCarefulColour};
+        write(a.name, kNameStyle);
+        write(utf8ToCp1250(" és "));
+        write(b.name, kNameStyle);
+        write(a.name.size() + b.name.size() > kNamesOnOneLine ? "\n" : " : ");
+        write(text, finding);
+        write("\n\n");
         m_concerned[i] = m_concerned[j] = true;
         m_nothingFound = false;
+    }
+
+    // Appends to the report and to its styled copy alike.
+    void write(std::string_view text, const TextStyle& style = {})
+    {
+        m_result.report += text;
+        m_result.styledReport.append(text, style);
     }
 
     void checkPairs()
     {
         m_concerned.assign(m_taken.size(), false);
-        m_result.report = messageText(m_tables, msg::kKhReportHeading) + "\n\n";
+        m_result.report.clear();
+        m_result.styledReport.clear();
+        write(messageText(m_tables, msg::kKhReportHeading), kNameStyle);
+        write("\n\n");
         for (std::size_t i = 0; i < m_taken.size(); ++i) {
             for (const auto& [codes, phrase] : {std::pair{&m_taken[i].codes.careful, msg::kKhCarefulPhrase},
                                                 std::pair{&m_taken[i].codes.avoid, msg::kKhAvoidPhrase}}) {
@@ -329,7 +342,7 @@ private:
             m_result.messages.push_back(Message{messageText(m_tables, text),
                                                 messageText(m_tables, msg::kKhNothingFoundCaption),
                                                 MessageIcon::Information, true});
-            m_result.report += messageText(m_tables, text);
+            write(messageText(m_tables, text));
         }
     }
 
@@ -362,8 +375,11 @@ private:
         for (std::size_t i = 0; i < m_taken.size(); ++i)
             for (const auto& [code, name] : chosen) {
                 if (!holdsContraindication(m_taken[i].codes, code)) continue;
-                m_result.report +=
-                    m_taken[i].name + " ellenjavallata:\n\n ( " + code + " - " + name + " )\n\n";
+                const TextStyle contraindication{.colour = kContraindicationColour};
+                write(m_taken[i].name, TextStyle{.bold = true, .colour = kContraindicationColour});
+                write(" ellenjavallata:\n\n", contraindication);
+                write(" ( " + code + " - " + name + " )", contraindication);
+                write("\n\n");
                 m_concerned[i] = true;
                 m_nothingFound = false;
             }

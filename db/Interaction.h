@@ -11,6 +11,7 @@
 
 #include "db/FoundDrugs.h"
 #include "db/Message.h"
+#include "db/StyledDocument.h"
 
 namespace rovanel
 {
@@ -25,6 +26,9 @@ struct KhRunResult {
     bool completed = false;    // false: a file missing, a limit or a bad code line stopped the run
     bool filesOpened = false;  // false: a file was missing; nothing else happened (the table is untouched)
     std::string report;        // the KhResult text (Windows-1250); empty when no drug is taken
+    // The same text, styled for the result box: drug names bold, avoid findings red and bold, careful
+    // findings amber, contraindications red. Its plain text is `report`, byte for byte.
+    StyledDocument styledReport;
     std::vector<std::string> listLines;  // the result list's lines; line i belongs to found[i]
     std::vector<FoundDrug> found;        // the found-drug table as the run left it
     std::vector<Message> messages;       // in the order the run showed them
@@ -38,6 +42,11 @@ struct KhRunResult {
 // The same on the shared state: the report goes to KhResult (and a completed check sets KhResultValid to
 // 1), and the found-drug table receives the run's entries unless a file was missing.
 [[nodiscard]] KhRunResult KhRun(SharedState& state, KhMode mode, std::int64_t atcNode);
+
+// The report's colours.
+inline constexpr std::uint32_t kAvoidColour = 0xC00000;
+inline constexpr std::uint32_t kCarefulColour = 0xA05A00;
+inline constexpr std::uint32_t kContraindicationColour = 0xC00000;
 
 // Limits of one run: the sizes of the engine's working storage (each pinned by a test in Interaction_test).
 inline constexpr std::size_t kKhCodesPerDrug = 100;        // careful, and avoid, codes of one drug

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QShortcut>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -28,6 +29,9 @@ void showInHelpBrowser(int context)
         browser->setOpenLinks(true);
         browser->setWindowTitle(QString::fromUtf8("Rovanel súgó"));
         browser->resize(560, 480);
+        // Escape closes the help, as it closes any viewer the physician opens for a moment.
+        auto* close = new QShortcut(QKeySequence(Qt::Key_Escape), browser);
+        QObject::connect(close, &QShortcut::activated, browser, &QWidget::close);
         QObject::connect(qApp, &QCoreApplication::aboutToQuit, browser, &QObject::deleteLater);
     }
     const QString page = helpPagePath(context);

@@ -1,4 +1,4 @@
-// Help: HTML pages in the "help" folder beside the program (in place of a WinHelp file),
+// Help: HTML pages in the "help" folder beside the program, shown in one help window (Escape closes it),
 // one page per help context ("help/100.html" for the main window). F1 opens the page of the focused
 // widget's context, or of the nearest parent window that has one; a window's "Használati útmutató"
 // button calls openHelp with its own context. Pages are written in Hungarian, in app/help/.

@@ -22,6 +22,9 @@
 #include "app/forms/UpgradeCheck.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
+#include "views/forms/kit/Text.h"
+
+using rovanel::forms::fromCp1250;
 
 namespace
 {
@@ -30,11 +33,9 @@ constexpr int kClientWidth = 638;
 constexpr int kClientHeight = 400;
 constexpr int kMainHelpContext = 100;
 
-QString fromCp1250(const std::string& text) { return QString::fromUtf8(rovanel::cp1250ToUtf8(text)); }
-
 // A menu item whose shortcut another item shares. Qt fires neither of two items with one shortcut;
-// Rovanel's menu fires the first one in menu order, and this item hands the key press to the main window
-// so that it does (tst_Rvmain).
+// Rovanel's menu fires the first enabled one in menu order, and this item hands the key press to the
+// main window so that it can do so (kept on purpose, see tst_Rvmain).
 class MenuItem : public QAction
 {
 public:

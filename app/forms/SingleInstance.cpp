@@ -1,5 +1,6 @@
 #include "app/forms/SingleInstance.h"
 
+#include <QApplication>
 #include <QCryptographicHash>
 #include <QLocalServer>
 #include <QLocalSocket>
@@ -16,16 +17,16 @@
 namespace
 {
 
+// The request a later start sends and the running program's answer.
+constexpr char kRaiseRequest[] = "raise\n";
+constexpr char kRaisedAnswer[] = "raised\n";
+
+#if defined(_WIN32)
 bool isMainWindowCaption(const QString& caption)
 {
     return caption.contains(QLatin1String("Rovanel")) && caption.contains(QString::fromUtf8("Lezárva"));
 }
 
-// The request a later start sends and the running window's answer.
-constexpr char kRaiseRequest[] = "raise\n";
-constexpr char kRaisedAnswer[] = "raised\n";
-
-#if defined(_WIN32)
 struct Search {
     HWND found = nullptr;
 };
@@ -40,6 +41,26 @@ BOOL CALLBACK visitWindow(HWND window, LPARAM parameter)
     if (isMainWindowCaption(QString::fromWCharArray(caption)))
         reinterpret_cast<Search*>(parameter)->found = window;  // the last matching window wins
     return TRUE;
+}
+
+void raiseRunningMainWindow()
+{
+    Search search;
+    EnumWindows(visitWindow, reinterpret_cast<LPARAM>(&search));
+    if (search.found) SetForegroundWindow(search.found);
+}
+#else
+// Asks the program holding the name to come to the front; false when nobody answers on it.
+bool askToRaise(const QString& name)
+{
+    QLocalSocket socket;
+    socket.connectToServer(name);
+    if (!socket.waitForConnected(1000)) return false;
+    socket.write(kRaiseRequest);
+    socket.waitForBytesWritten(1000);
+    // The answer only confirms; the running program was found either way.
+    socket.waitForReadyRead(1000);
+    return true;
 }
 #endif
 
@@ -59,63 +80,51 @@ QString singleInstanceServerName()
 #endif
 }
 
-bool raiseRunningInstance()
+std::unique_ptr<SingleInstance> SingleInstance::claim()
+{
+    std::unique_ptr<SingleInstance> instance(new SingleInstance);
+    const QString name = singleInstanceServerName();
+#if defined(_WIN32)
+    instance->m_mutex = CreateMutexW(nullptr, TRUE, reinterpret_cast<LPCWSTR>(name.utf16()));
+    if (instance->m_mutex && GetLastError() == ERROR_ALREADY_EXISTS) {
+        raiseRunningMainWindow();
+        return nullptr;
+    }
+#else
+    // Asked first: a server with access options replaces an existing socket file instead of failing.
+    if (askToRaise(name)) return nullptr;
+    // Nobody answers: no socket, or one left by a program that ended without removing it.
+    QLocalServer::removeServer(name);
+    instance->m_server = new QLocalServer(instance.get());
+    instance->m_server->setSocketOptions(QLocalServer::UserAccessOption);
+    if (!instance->m_server->listen(name) && askToRaise(name)) return nullptr;
+    connect(instance->m_server, &QLocalServer::newConnection, instance.get(), &SingleInstance::answer);
+#endif
+    return instance;
+}
+
+SingleInstance::~SingleInstance()
 {
 #if defined(_WIN32)
-    Search search;
-    EnumWindows(visitWindow, reinterpret_cast<LPARAM>(&search));
-    if (!search.found) return false;
-    SetForegroundWindow(search.found);
-    return true;
-#else
-    QLocalSocket socket;
-    socket.connectToServer(singleInstanceServerName());
-    if (!socket.waitForConnected(1000)) return false;
-    socket.write(kRaiseRequest);
-    socket.waitForBytesWritten(1000);
-    // The answer only confirms; the running window was found either way.
-    socket.waitForReadyRead(1000);
-    return true;
+    if (m_mutex) CloseHandle(m_mutex);
 #endif
 }
 
-SingleInstanceAnswer::SingleInstanceAnswer(QWidget* mainWindow) : QObject(mainWindow), m_window(mainWindow)
-{
-#if !defined(_WIN32)
-    connect(m_window, &QWidget::windowTitleChanged, this, &SingleInstanceAnswer::captionChanged);
-    captionChanged();
-#endif
-}
-
-bool SingleInstanceAnswer::isListening() const { return m_server && m_server->isListening(); }
-
-void SingleInstanceAnswer::captionChanged()
-{
-    if (isListening() || !isMainWindowCaption(m_window->windowTitle())) return;
-    m_server = new QLocalServer(this);
-    m_server->setSocketOptions(QLocalServer::UserAccessOption);
-    const QString name = singleInstanceServerName();
-    if (!m_server->listen(name)) {
-        // A socket left by a program that ended without removing it: nobody answers on it.
-        QLocalSocket probe;
-        probe.connectToServer(name);
-        if (probe.waitForConnected(200)) return;  // another window answers already
-        QLocalServer::removeServer(name);
-        if (!m_server->listen(name)) return;
-    }
-    connect(m_server, &QLocalServer::newConnection, this, &SingleInstanceAnswer::answer);
-}
-
-void SingleInstanceAnswer::answer()
+void SingleInstance::answer()
 {
     while (QLocalSocket* socket = m_server->nextPendingConnection()) {
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
         connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
             if (!socket->readAll().contains("raise")) return;
-            if (m_window->isMinimized()) m_window->showNormal();
-            m_window->show();
-            m_window->raise();
-            m_window->activateWindow();
+            QWidget* front = QApplication::activeModalWidget();
+            if (!front) front = m_window;
+            if (front) {
+                if (front->isMinimized()) front->showNormal();
+                if (front != m_window || front->isVisible()) {
+                    front->raise();
+                    front->activateWindow();
+                }
+            }
             socket->write(kRaisedAnswer);
             socket->flush();
         });

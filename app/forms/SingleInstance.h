@@ -1,35 +1,43 @@
-// One Rovanel per user. A second start while a main window whose caption holds "Rovanel" and "Lezárva"
-// exists brings that window to the front and ends with exit code 0 before it creates any window.
-// Windows: the top-level windows are enumerated and their captions compared.
-// Elsewhere: the running main window answers on a local socket named per user (and per settings
-// folder), listening only while its caption holds both words (docs/decisions/single-instance.md).
+// One Rovanel per user. The program's entry claims the instance before anything else — before the
+// main window, its start-up tables and any start-up message box exist — so that a second start, even
+// while the first one still shows a start-up box, brings the running program to the front and ends
+// with exit code 0 without creating any window (docs/decisions/single-instance.md).
+// Windows: a per-user named mutex is the claim; the running main window is found by its caption
+// ("Rovanel" and "Lezárva") and brought to the foreground.
+// Elsewhere: a local socket named per user (and per settings folder) is the claim; the running program
+// answers on it by raising its main window, or the message box it is showing.
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
+#include <memory>
 
 class QLocalServer;
 class QWidget;
 
-// Looks for a running main window; when found, asks it to come to the front and returns true. The
-// caller then ends with exit code 0.
-[[nodiscard]] bool raiseRunningInstance();
-
 // The local socket name of the current user (not used on Windows).
 [[nodiscard]] QString singleInstanceServerName();
 
-// Lets later starts find `mainWindow`: it answers while its caption holds "Rovanel" and "Lezárva".
-class SingleInstanceAnswer : public QObject
+class SingleInstance : public QObject
 {
     Q_OBJECT
 public:
-    explicit SingleInstanceAnswer(QWidget* mainWindow);
-    [[nodiscard]] bool isListening() const;
+    // Claims this user's Rovanel. Nothing when another one holds it; that one has then been asked to
+    // come to the front, and the caller ends with exit code 0.
+    [[nodiscard]] static std::unique_ptr<SingleInstance> claim();
+    ~SingleInstance() override;
+
+    // The window a later start brings to the front (while a modal box is open, the box comes first).
+    void setMainWindow(QWidget* window) { m_window = window; }
 
 private:
-    void captionChanged();
+    SingleInstance() = default;
     void answer();
 
-    QWidget* m_window;
+    QPointer<QWidget> m_window;
     QLocalServer* m_server = nullptr;
+#if defined(_WIN32)
+    void* m_mutex = nullptr;
+#endif
 };

@@ -1,5 +1,6 @@
-// rvw32: the Rovanel program. Refuses a second start, creates every window once (the main window
-// first), and runs until the main window closes. The data directory is the working directory.
+// rvw32: the Rovanel program. Claims the user's instance first of all (a second start brings the running
+// program to the front and ends), creates every window once (the main window first), and runs until the
+// main window closes. The data directory is the working directory.
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QTimer>
@@ -34,8 +35,9 @@ int main(int argc, char** argv)
 
     QApplication app(argc, argv);
     QApplication::setApplicationName("Rovanel");
-    // A running main window comes to the front instead; nothing opens here.
-    if (raiseRunningInstance()) return 0;
+    // Before anything can show a box: a running Rovanel comes to the front instead; nothing opens here.
+    const std::unique_ptr<SingleInstance> instance = SingleInstance::claim();
+    if (!instance) return 0;
     // Closing the main window ends the program, whatever other windows are open.
     app.setQuitOnLastWindowClosed(false);
     // A newer database in the practice's update directory is installed before any window exists; the
@@ -94,7 +96,7 @@ int main(int argc, char** argv)
     auto MagiForm = std::make_unique<TMagiForm>(Main->state());
     Main->attachWindow(TMain::Window::MagiForm, MagiForm.get());
 
-    new SingleInstanceAnswer(Main.get());
+    instance->setMainWindow(Main.get());
     Main->show();
 
     // ROVANEL_STARTUP_TIMING=1: report the time from start to the shown main window, then end.

@@ -6,7 +6,9 @@
 
 #include "db/SharedState.h"
 #include "tests/fixtures/SixProductDatabase.h"
+#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/MessageRecorder.h"
+#include "tests/forms/support/UserProfile.h"
 #include "views/forms/Rvgykozos.h"
 
 class TestRvgykozos : public QObject
@@ -15,7 +17,7 @@ class TestRvgykozos : public QObject
 private slots:
     void init();
     void cleanup();
-    void buttonsSitInOneRowWithTheirCaptions();
+    void buttonsSitInOneRowUnderTheBoxWithWholeCaptions();
     void showProductReplacesTheTextAndTakesTheCaption();
     void jumpPutsTheHeadingAtTheTopOfTheBox();
     void jumpThatFindsNothingChangesNothing();
@@ -23,6 +25,7 @@ private slots:
     void rightClickShowsThePrescriptionNotice();
 
 private:
+    UserProfile m_profile;
     std::unique_ptr<rovanel::testing::SixProductDatabase> m_database;
     std::unique_ptr<rovanel::SharedState> m_state;
     std::unique_ptr<TGyKozos> m_form;
@@ -47,20 +50,27 @@ void TestRvgykozos::cleanup()
     m_database.reset();
 }
 
-void TestRvgykozos::buttonsSitInOneRowWithTheirCaptions()
+void TestRvgykozos::buttonsSitInOneRowUnderTheBoxWithWholeCaptions()
 {
     const char* names[] = {"JumpAtc", "JumpHa", "JumpJav", "JumpAdag", "JumpBetegnek",
                            "JumpEll", "JumpMh", "JumpOv",  "JumpTil",  "JumpMer"};
     const char* captions[] = {"&Atc",           "&Hatóanyag",   "&Javallatok", "A&dagolás", "&Betegnek",
                               "&Ellenjavallat", "&Mellékhatás", "Ó&vatosan",   "&Tilos",    "&Mérgezés"};
-    const int lefts[] = {0, 71, 142, 213, 284, 355, 426, 497, 568, 640};
+    m_form->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_form.get()));
+    QCOMPARE(m_form->size(), QSize(721, 572));
+    int right = -1;
     for (int i = 0; i < 10; ++i) {
-        auto* button = m_form->findChild<QPushButton*>(names[i]);
-        QVERIFY2(button, names[i]);
+        auto* button = control<QPushButton>(*m_form, names[i]);
         QCOMPARE(button->text(), QString::fromUtf8(captions[i]));
-        QCOMPARE(button->geometry(), QRect(lefts[i], 516, 71, 22));
+        const QRect place(button->mapTo(m_form.get(), QPoint(0, 0)), button->size());
+        QVERIFY2(place.left() > right, names[i]);
+        QVERIFY2(place.top() > m_box->mapTo(m_form.get(), QPoint(0, 0)).y() + m_box->height() - 1, names[i]);
+        const QString caption = button->text().remove('&');  // the caption is whole
+        QVERIFY2(button->width() > button->fontMetrics().horizontalAdvance(caption), names[i]);
+        right = place.right();
     }
-    QCOMPARE(m_box->geometry(), QRect(0, 0, 713, 513));
+    QVERIFY(right < m_form->width());
 }
 
 void TestRvgykozos::showProductReplacesTheTextAndTakesTheCaption()

@@ -20,6 +20,7 @@
 #include "app/forms/SingleInstance.h"
 #include "db/Cp1250.h"
 #include "tests/forms/support/MessageRecorder.h"
+#include "tests/forms/support/UserProfile.h"
 #include "tests/support/TinyDatabase.h"
 
 using rovanel::testing::ScratchDirectory;
@@ -74,11 +75,12 @@ private slots:
     void missingPictureIsReportedAndStartGoesOn();
     void helpKeyOpensTheMainWindowPage();
     void closingReleasesTheTablesAndEndsTheProgram();
-    void secondStartRaisesTheRunningWindowAndEnds();
+    void secondStartRaisesTheRunningProgramAndEnds();
+    void secondStartDuringAStartUpBoxEnds();
 
 private:
     std::unique_ptr<ScratchDirectory> m_data;
-    std::unique_ptr<ScratchDirectory> m_config;
+    std::unique_ptr<UserProfile> m_profile;
     std::unique_ptr<MessageRecorder> m_messages;
     QString m_previousDirectory;
 };
@@ -86,10 +88,9 @@ private:
 void TestRvmain::init()
 {
     m_data = std::make_unique<ScratchDirectory>();
-    m_config = std::make_unique<ScratchDirectory>();
+    m_profile = std::make_unique<UserProfile>();
     rovanel::testing::writeTinyDatabase(*m_data);
     copyPictures(*m_data);
-    qputenv("ROVANEL_CONFIG_DIR", QByteArray::fromStdString(m_config->path().string()));
     m_previousDirectory = QDir::currentPath();
     QDir::setCurrent(QString::fromStdString(m_data->path().string()));
     m_messages = std::make_unique<MessageRecorder>();
@@ -100,7 +101,7 @@ void TestRvmain::cleanup()
     m_messages.reset();
     QDir::setCurrent(m_previousDirectory);
     m_data.reset();
-    m_config.reset();
+    m_profile.reset();
 }
 
 void TestRvmain::menuHoldsEveryItemWithCaptionAndShortcut()
@@ -293,7 +294,7 @@ void TestRvmain::cleanProfileGetsEveryRegistryDefault()
     TMain main({});
     QVERIFY(m_messages->texts().isEmpty());
     QVERIFY(main.UpgChecked);  // set at creation whatever CheckUpg says; FormShow clears it
-    const QString text = registryText(*m_config);
+    const QString text = registryText(m_profile->directory());
     QCOMPARE(text.count("\r\n["), 86);
     QVERIFY(text.contains("[Software\\Rovanel\\CheckUpg]\r\n\\Software\\Rovanel\\CheckUpg=dword:1\r\n"));
     QVERIFY(text.contains("\\Software\\Rovanel\\RpData\\LeftFekvo=dword:655\r\n"));
@@ -306,13 +307,13 @@ void TestRvmain::cleanProfileGetsEveryRegistryDefault()
 
 void TestRvmain::keyWithoutValueIsNotRepairedAndItsReadShowsTheError()
 {
-    m_config->write("registry.ini", "[Software\\Rovanel\\CheckUpg]\r\n");
+    m_profile->directory().write("registry.ini", "[Software\\Rovanel\\CheckUpg]\r\n");
     TMain main({});
     QCOMPARE(m_messages->texts(), QStringList{QString::fromUtf8("A rendszer nem találja a megadott fájlt.")});
     QCOMPARE(m_messages->messages().front().icon, rovanel::MessageIcon::Stop);
     QVERIFY(main.UpgChecked);
-    QVERIFY(!registryText(*m_config).contains("\\Software\\Rovanel\\CheckUpg="));
-    QVERIFY(registryText(*m_config).contains("\\Software\\Rovanel\\UpgShow=dword:1"));
+    QVERIFY(!registryText(m_profile->directory()).contains("\\Software\\Rovanel\\CheckUpg="));
+    QVERIFY(registryText(m_profile->directory()).contains("\\Software\\Rovanel\\UpgShow=dword:1"));
 }
 
 void TestRvmain::missingPictureIsReportedAndStartGoesOn()
@@ -352,56 +353,64 @@ void TestRvmain::closingReleasesTheTablesAndEndsTheProgram()
     QVERIFY(main.state().tables.productCodes.empty());
 }
 
-void TestRvmain::secondStartRaisesTheRunningWindowAndEnds()
+namespace
 {
-    const auto start = [&](QProcess& process, const ScratchDirectory& data) {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("QT_QPA_PLATFORM", "offscreen");
-        environment.insert("ROVANEL_CONFIG_DIR", QString::fromStdString(m_config->path().string()));
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(QString::fromStdString(data.path().string()));
-        process.start(ROVANEL_RVW32, {});
-        QVERIFY(process.waitForStarted());
-    };
-    const auto answers = [] {
-        QLocalSocket socket;
-        socket.connectToServer(singleInstanceServerName());
-        if (!socket.waitForConnected(200)) return false;
-        socket.write("raise\n");
-        return socket.waitForReadyRead(2000) && socket.readAll() == "raised\n";
-    };
 
-    // A running main window whose caption holds "Rovanel" and "Lezárva" answers ...
-    QProcess first;
-    start(first, *m_data);
-    QTRY_VERIFY_WITH_TIMEOUT(answers(), 20000);
+void startRvw32(QProcess& process, const ScratchDirectory& data, const ScratchDirectory& profile)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_QPA_PLATFORM", "offscreen");
+    environment.insert("ROVANEL_CONFIG_DIR", QString::fromStdString(profile.path().string()));
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(QString::fromStdString(data.path().string()));
+    process.start(ROVANEL_RVW32, {});
+    QVERIFY(process.waitForStarted());
+}
 
-    // ... and a second start ends at once with exit code 0, opening nothing.
+// Whether a running Rovanel of this profile answers a request to come to the front.
+bool answers()
+{
+    QLocalSocket socket;
+    socket.connectToServer(singleInstanceServerName());
+    if (!socket.waitForConnected(200)) return false;
+    socket.write("raise\n");
+    return socket.waitForReadyRead(2000) && socket.readAll() == "raised\n";
+}
+
+// A second start ends at once with exit code 0, opening nothing, and the first one runs on.
+void secondStartEnds(QProcess& first, const ScratchDirectory& data, const ScratchDirectory& profile)
+{
     QProcess second;
-    start(second, *m_data);
+    startRvw32(second, data, profile);
     QVERIFY(second.waitForFinished(20000));
     QCOMPARE(second.exitStatus(), QProcess::NormalExit);
     QCOMPARE(second.exitCode(), 0);
     QCOMPARE(first.state(), QProcess::Running);
-    first.terminate();
-    QVERIFY(first.waitForFinished(10000));
+}
 
-    // Without "Lezárva" in the caption (no gy.ful, so no closing date) nothing answers: a second start
-    // opens its own window.
-    ScratchDirectory bare;
-    rovanel::testing::writeTinyDatabase(bare);
-    bare.remove("gy.ful");
-    copyPictures(bare);
-    QProcess untitled;
-    start(untitled, bare);
-    QProcess another;
-    start(another, bare);
-    QVERIFY(!another.waitForFinished(3000));
-    QVERIFY(!answers());
-    another.kill();
-    untitled.kill();
-    another.waitForFinished();
-    untitled.waitForFinished();
+}  // namespace
+
+void TestRvmain::secondStartRaisesTheRunningProgramAndEnds()
+{
+    QProcess first;
+    startRvw32(first, *m_data, m_profile->directory());
+    QTRY_VERIFY_WITH_TIMEOUT(answers(), 20000);
+    secondStartEnds(first, *m_data, m_profile->directory());
+    first.kill();
+    first.waitForFinished();
+}
+
+// The first start stops at the missing title picture's box, before its main window is shown: the
+// instance is claimed already, and a second start ends.
+void TestRvmain::secondStartDuringAStartUpBoxEnds()
+{
+    m_data->remove("Rg0.jpg");
+    QProcess first;
+    startRvw32(first, *m_data, m_profile->directory());
+    QTRY_VERIFY_WITH_TIMEOUT(answers(), 20000);
+    secondStartEnds(first, *m_data, m_profile->directory());
+    first.kill();
+    first.waitForFinished();
 }
 
 QTEST_MAIN(TestRvmain)

@@ -8,12 +8,14 @@
 
 #include "db/ProductRecord.h"
 
-class QPushButton;
-class QTextEdit;
-
 namespace rovanel
 {
 struct SharedState;
+}
+
+namespace rovanel::forms
+{
+class DescriptionBox;
 }
 
 class TGyKozos : public QWidget
@@ -23,17 +25,13 @@ public:
     explicit TGyKozos(rovanel::SharedState& state, QWidget* parent = nullptr);
 
     // Shows product `record` (-1: an empty box): clears the box, builds the description into it, takes
-    // `caption` (the list entry the user chose) as the window's title, shows the vertical scroll bar and
-    // shows the window.
+    // `caption` (the list entry the user chose) as the window's title and shows the window.
     void showProduct(rovanel::ProductRecord record, const QString& caption);
 
-    // Scrolls GyKozosLeiro to the first occurrence of `text` (see searchRtf in views/forms/RichText.h).
+    // Scrolls GyKozosLeiro to the first occurrence of `text` (see views/forms/kit/StyledText.h).
     void SearchRtf(const QString& text);
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     rovanel::SharedState& m_state;
-    QTextEdit* m_leiro = nullptr;
+    rovanel::forms::DescriptionBox* m_description = nullptr;
 };

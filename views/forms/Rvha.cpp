@@ -1,27 +1,22 @@
 #include "views/forms/Rvha.h"
 
-#include <QComboBox>
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMouseEvent>
 #include <QPushButton>
-#include <QTextEdit>
 
 #include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
-#include "db/Cp1250.h"
 #include "db/DataFile.h"
-#include "db/DescriptionBuilder.h"
 #include "db/Searches.h"
 #include "db/SharedState.h"
-#include "db/StyledDocument.h"
 #include "db/Text.h"
-#include "views/forms/RichText.h"
-
-using rovanel::forms::fromCp1250;
+#include "views/forms/kit/DescriptionBox.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/NameList.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 THaForm::THaForm(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_state(state)
 {
@@ -29,20 +24,12 @@ THaForm::THaForm(rovanel::SharedState& state, QWidget* parent) : QWidget(parent)
     setWindowTitle(QStringLiteral("Hatóanyagok                    Help=F1"));
     setHelpContext(this, 400);
 
-    m_haList = new QComboBox(this);
-    m_haList->setObjectName("HaList");
-    m_haList->setEditable(true);
-    m_haList->setInsertPolicy(QComboBox::NoInsert);
+    m_haList = new rovanel::forms::NameList("HaList", this);
     m_haList->lineEdit()->installEventFilter(this);
-    auto* haKeres = new QPushButton(QStringLiteral("Keres"), this);
-    haKeres->setObjectName("HaKeres");
-    m_found = new QListWidget(this);
-    m_found->setObjectName("HaGyList");
-    m_leiro = new QTextEdit(this);
-    m_leiro->setObjectName("GyLeiro");
-    m_leiro->setReadOnly(true);
-    m_leiro->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    m_leiro->viewport()->installEventFilter(this);
+    auto* haKeres = rovanel::forms::button("HaKeres", QStringLiteral("Keres"), this);
+    m_found = rovanel::forms::nameLines("HaGyList", this);
+    m_leiro =
+        new rovanel::forms::DescriptionBox("GyLeiro", rovanel::forms::DescriptionBox::Captions::None, this);
 
     auto* layout = new QGridLayout(this);
     layout->addWidget(new QLabel(QStringLiteral("Hatóanyagok:")), 0, 0);
@@ -51,7 +38,10 @@ THaForm::THaForm(rovanel::SharedState& state, QWidget* parent) : QWidget(parent)
     layout->addWidget(new QLabel(QStringLiteral("Hatóanyagot tartalmazza:")), 3, 0);
     layout->addWidget(m_found, 4, 0);
     layout->addWidget(m_leiro, 0, 1, 5, 1);
-    layout->setColumnStretch(1, 2);
+    layout->setColumnStretch(0, 2);
+    layout->setColumnStretch(1, 3);
+    layout->setRowStretch(4, 1);
+    rovanel::forms::rememberGeometry(this, QSize(900, 560));
 
     connect(haKeres, &QPushButton::clicked, this, &THaForm::HaKeresClick);
     connect(m_haList, &QComboBox::editTextChanged, this, &THaForm::HaListChange);
@@ -67,32 +57,25 @@ void THaForm::FormCreate()
     const auto content =
         rovanel::readWholeFile(rovanel::dataFilePath(m_state.tables.dataDirectory, "harend2.dat"));
     if (!content) return;
+    std::vector<std::string> names;
     rovanel::forEachLine(*content, [&](std::string_view line) {
         if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-        m_haList->addItem(fromCp1250(std::string(line)));
+        names.emplace_back(line);
         return true;
     });
-    m_haList->setCurrentIndex(-1);
+    m_haList->setNames(names);
 }
 
 bool THaForm::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_haList->lineEdit() && event->type() == QEvent::MouseButtonDblClick) HaKeresClick();
-    if (watched == m_leiro->viewport() && event->type() == QEvent::MouseButtonPress &&
-        static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
-        showMessage(
-            this, rovanel::Message{
-                      rovanel::utf8ToCp1250("Változás: Receptnyomtatás a -Részletes lista- menüpont alatt."),
-                      "", rovanel::MessageIcon::None, false});
-        return true;
-    }
     return QWidget::eventFilter(watched, event);
 }
 
 void THaForm::HaKeresClick()
 {
-    const int index = rovanel::forms::comboItemIndex(m_haList);
-    const rovanel::SearchOutcome outcome = rovanel::HaKeres(m_state.tables, m_state.found, index);
+    const rovanel::SearchOutcome outcome =
+        rovanel::HaKeres(m_state.tables, m_state.found, m_haList->chosenIndex());
     if (outcome.message) showMessage(nullptr, *outcome.message);
     rovanel::forms::setLines(m_found, rovanel::foundDrugNames(m_state.tables, m_state.found));
 }
@@ -108,5 +91,5 @@ void THaForm::HaGyListClick()
     m_leiro->clear();
     const int row = m_found->currentRow();
     if (row < 0) return;
-    renderInto(m_leiro, rovanel::buildDescription(m_state.tables, m_state.found.recordAt(row)).document);
+    m_leiro->showProduct(m_state.tables, m_state.found.recordAt(row));
 }

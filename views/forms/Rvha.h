@@ -4,23 +4,24 @@
 
 #include <QWidget>
 
-#include "views/forms/FormSupport.h"
-
 namespace rovanel
 {
 struct SharedState;
 }
 
-class QComboBox;
 class QListWidget;
-class QTextEdit;
+
+namespace rovanel::forms
+{
+class DescriptionBox;
+class NameList;
+}  // namespace rovanel::forms
 
 class THaForm : public QWidget
 {
     Q_OBJECT
 public:
     explicit THaForm(rovanel::SharedState& state, QWidget* parent = nullptr);
-    // Writes a description into GyLeiro (the description builder).
 
 public slots:
     void HaKeresClick();
@@ -34,7 +35,7 @@ private:
     void FormCreate();
 
     rovanel::SharedState& m_state;
-    QComboBox* m_haList = nullptr;
+    rovanel::forms::NameList* m_haList = nullptr;
     QListWidget* m_found = nullptr;
-    QTextEdit* m_leiro = nullptr;
+    rovanel::forms::DescriptionBox* m_leiro = nullptr;
 };

@@ -2,9 +2,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QEvent>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -21,29 +19,12 @@
 #include "db/Interaction.h"
 #include "db/ProductIndex.h"
 #include "db/SharedState.h"
+#include "views/forms/kit/NameList.h"
+#include "views/forms/kit/StyledText.h"
+#include "views/forms/kit/TakenDrugs.h"
+#include "views/forms/kit/WindowGeometry.h"
 
-using rovanel::forms::fromCp1250;
-
-namespace
-{
-
-QPushButton* button(const char* name, const QString& caption, QWidget* parent)
-{
-    auto* result = new QPushButton(caption, parent);
-    result->setObjectName(name);
-    return result;
-}
-
-QTreeWidget* readOnlyTree(const char* name, QWidget* parent)
-{
-    auto* tree = new QTreeWidget(parent);
-    tree->setObjectName(name);
-    tree->setHeaderHidden(true);
-    tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    return tree;
-}
-
-}  // namespace
+using rovanel::forms::button;
 
 TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_state(state)
 {
@@ -53,13 +34,12 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
 
     m_tab = new QTabWidget(this);
     m_tab->setObjectName("Tab");
+    m_tab->setUsesScrollButtons(false);  // the four tabs are always all in sight
+    m_tab->setElideMode(Qt::ElideNone);
 
     auto* gyTab = new QWidget;
     gyTab->setObjectName("GyTab");
-    m_gylist = new QComboBox(gyTab);
-    m_gylist->setObjectName("Gylist");
-    m_gylist->setEditable(true);
-    m_gylist->setInsertPolicy(QComboBox::NoInsert);
+    m_gylist = new rovanel::forms::NameList("Gylist", gyTab);
     m_gylist->lineEdit()->installEventFilter(this);
     auto* gyLayout = new QVBoxLayout(gyTab);
     gyLayout->addWidget(m_gylist);
@@ -74,7 +54,7 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
 
     auto* eTab = new QWidget;
     eTab->setObjectName("ETab");
-    m_ellTree = readOnlyTree("EllTree", eTab);
+    m_ellTree = rovanel::forms::readOnlyTree("EllTree", eTab);
     auto* ellToList = button("EllToList", QStringLiteral("Listához a&d >>"), eTab);
     auto* eLayout = new QVBoxLayout(eTab);
     eLayout->addWidget(m_ellTree);
@@ -83,7 +63,7 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
 
     auto* atcTab = new QWidget;
     atcTab->setObjectName("ATCTab");
-    m_atcTree = readOnlyTree("ATCTree", atcTab);
+    m_atcTree = rovanel::forms::readOnlyTree("ATCTree", atcTab);
     auto* atcKeres = button("ATCKeres", QStringLiteral("&Keres"), atcTab);
     auto* atcLayout = new QVBoxLayout(atcTab);
     atcLayout->addWidget(m_atcTree);
@@ -95,9 +75,8 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
     m_eredmeny = new QTextEdit(eredmenyTab);
     m_eredmeny->setObjectName("EredmenyRtf");
     m_eredmeny->setReadOnly(true);
-    m_eredmeny->setLineWrapMode(QTextEdit::NoWrap);
+    m_eredmeny->setLineWrapMode(QTextEdit::WidgetWidth);  // a finding is read without scrolling sideways
     m_eredmeny->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    m_eredmeny->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     // The caption's spelling is the program's own.
     auto* ellenoriz = button(
         "Ellenoriz", QStringLiteral("Szedett gyógszereket - ellenjavallatokat ellenőriz"), eredmenyTab);
@@ -107,21 +86,13 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
     m_tab->addTab(eredmenyTab, QStringLiteral("Ellenőrzés eredménye"));
     m_tab->setCurrentWidget(eredmenyTab);
 
+    m_szedett = new rovanel::forms::TakenDrugs(
+        m_state, {"KhSzedettGyList", "KhSzGyTorol", "Töröl", "KhSzGyListTorol", "Listát töröl"}, this);
     auto* right = new QVBoxLayout;
-    right->addWidget(new QLabel(QStringLiteral("Szedett gyógyszerek:")));
-    m_szedett = new QListWidget;
-    m_szedett->setObjectName("KhSzedettGyList");
-    right->addWidget(m_szedett);
-    auto* szButtons = new QHBoxLayout;
-    auto* szTorol = button("KhSzGyTorol", QStringLiteral("Töröl"), this);
-    auto* szListTorol = button("KhSzGyListTorol", QStringLiteral("Listát töröl"), this);
-    szButtons->addWidget(szTorol);
-    szButtons->addWidget(szListTorol);
-    right->addLayout(szButtons);
+    right->addWidget(m_szedett, 2);
     right->addWidget(new QLabel(QStringLiteral("Ellenjavallatok:")));
-    m_ellList = new QListWidget;
-    m_ellList->setObjectName("EllList");
-    right->addWidget(m_ellList);
+    m_ellList = rovanel::forms::nameLines("EllList", this);
+    right->addWidget(m_ellList, 2);
     auto* ellButtons = new QHBoxLayout;
     auto* ellTorol = button("EllTorol", QStringLiteral("Töröl"), this);
     auto* ellListTorol = button("EllListTorol", QStringLiteral("Listát töröl"), this);
@@ -129,9 +100,17 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
     ellButtons->addWidget(ellListTorol);
     right->addLayout(ellButtons);
     right->addWidget(new QLabel(QStringLiteral("Talált gyógyszerek:")));
-    m_found = new QListWidget;
-    m_found->setObjectName("KhGyList");
-    right->addWidget(m_found);
+    m_found = rovanel::forms::nameLines("KhGyList", this);
+    // A listed group drug's line: its name, then its insurer's identifier, "-K" and its highlighted
+    // group, "!" when it needs care.
+    QWidget* header = rovanel::forms::tabColumns(m_found, QStringLiteral("Név"), QStringLiteral("Azonosító"));
+    header->setObjectName("KhGyListFejlec");
+    auto* legend = new QLabel(QStringLiteral("-K: kiemelt csoport,  !: óvatosan adható"), this);
+    legend->setObjectName("KhGyListJelmagyarazat");
+    legend->setWordWrap(true);
+    right->addWidget(header);
+    right->addWidget(m_found, 3);
+    right->addWidget(legend);
     auto* khGyMegnez = button("KhGyMegnez", QStringLiteral("Megnéz"), this);
     right->addWidget(khGyMegnez);
     m_kgy = new QCheckBox(QStringLiteral("Közgyógy jelölve"), this);
@@ -142,19 +121,20 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
     layout->setContentsMargins(5, 5, 5, 5);
     layout->addWidget(m_tab, 3);
     layout->addLayout(right, 2);
+    rovanel::forms::rememberGeometry(this, QSize(900, 600));
 
     connect(gyToList, &QPushButton::clicked, this, &TKh::GyToListClick);
     connect(gyMegnez, &QPushButton::clicked, this, &TKh::GyMegnezClick);
     connect(ellToList, &QPushButton::clicked, this, &TKh::EllToListClick);
     connect(atcKeres, &QPushButton::clicked, this, &TKh::ATCKeresClick);
     connect(ellenoriz, &QPushButton::clicked, this, &TKh::EllenorizClick);
-    connect(szTorol, &QPushButton::clicked, this, &TKh::KhSzGyTorolClick);
-    connect(szListTorol, &QPushButton::clicked, this, &TKh::KhSzGyListTorolClick);
+    connect(m_szedett, &rovanel::forms::TakenDrugs::changed, this, &TKh::clearResults);
+    connect(m_szedett, &rovanel::forms::TakenDrugs::descriptionRequested, this,
+            &TKh::KhSzedettGyListDblClick);
     connect(ellTorol, &QPushButton::clicked, this, &TKh::EllTorolClick);
     connect(ellListTorol, &QPushButton::clicked, this, &TKh::EllListTorolClick);
     connect(khGyMegnez, &QPushButton::clicked, this, &TKh::KhGyMegnezClick);
     connect(m_found, &QListWidget::itemDoubleClicked, this, &TKh::KhGyMegnezClick);
-    connect(m_szedett, &QListWidget::itemDoubleClicked, this, &TKh::KhSzedettGyListDblClick);
     connect(m_atcTree, &QTreeWidget::currentItemChanged, this, &TKh::ATCTreeChange);
 }
 
@@ -175,7 +155,7 @@ void TKh::FormShow()
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto& tables = m_state.tables;
-    rovanel::forms::fillMedicineNames(m_gylist, tables);
+    m_gylist->setNames(rovanel::nameListFill(tables, rovanel::NameGroup::Medicines));
     rovanel::forms::loadTree(m_ellTree, rovanel::dataFilePath(tables.dataDirectory, "ellnren2.dat"));
     rovanel::forms::loadTree(m_atcTree, rovanel::dataFilePath(tables.dataDirectory, "atcnren2.dat"));
     m_state.selection.resetForInteractionWindow();
@@ -187,15 +167,16 @@ void TKh::GyToListClick() { AddSzGy(); }
 
 void TKh::AddSzGy()
 {
-    const int index = rovanel::forms::comboItemIndex(m_gylist);
-    const rovanel::SelectionChange change = m_state.selection.addDrug(
-        rovanel::recordOfListPosition(m_state.tables, rovanel::NameGroup::Medicines, index));
-    if (change.outcome == rovanel::SelectionOutcome::Changed) {
-        m_found->clear();
-        m_eredmeny->clear();
-        m_szedett->addItem(m_gylist->itemText(index));
-    }
-    if (change.message) showMessage(this, *change.message);
+    const int index = m_gylist->chosenIndex();
+    m_szedett->add(rovanel::recordOfListPosition(m_state.tables, rovanel::NameGroup::Medicines, index),
+                   m_gylist->itemText(index));
+}
+
+// The drugs taken changed (added, deleted, cleared): the report and the found drugs no longer hold.
+void TKh::clearResults()
+{
+    m_found->clear();
+    m_eredmeny->clear();
 }
 
 void TKh::EllToListClick()
@@ -206,23 +187,12 @@ void TKh::EllToListClick()
     if (change.outcome == rovanel::SelectionOutcome::Changed) {
         m_found->clear();
         m_eredmeny->clear();
-        m_ellList->addItem(selected.first()->text(0));
+        rovanel::forms::addElidedLine(m_ellList, selected.first()->text(0));
     }
     if (change.message) showMessage(this, *change.message);
 }
 
-void TKh::KhSzGyTorolClick()
-{
-    const int row = rovanel::forms::selectedRow(m_szedett);
-    const rovanel::SelectionChange change = m_state.selection.deleteDrug(m_szedett->count(), row);
-    if (change.outcome == rovanel::SelectionOutcome::Changed) {
-        delete m_szedett->takeItem(row);
-        m_szedett->clearSelection();
-        m_found->clear();
-        m_eredmeny->clear();
-    }
-    if (change.message) showMessage(this, *change.message);
-}
+void TKh::KhSzGyTorolClick() { m_szedett->removeSelected(); }
 
 // The same on the contraindications, but the report stays.
 void TKh::EllTorolClick()
@@ -237,13 +207,7 @@ void TKh::EllTorolClick()
     if (change.message) showMessage(this, *change.message);
 }
 
-void TKh::KhSzGyListTorolClick()
-{
-    m_state.selection.clearDrugs();
-    m_szedett->clear();
-    m_found->clear();
-    m_eredmeny->clear();
-}
+void TKh::KhSzGyListTorolClick() { m_szedett->clearAll(); }
 
 // The found drugs stay.
 void TKh::EllListTorolClick()
@@ -256,7 +220,7 @@ void TKh::EllListTorolClick()
 void TKh::showResult(const rovanel::KhRunResult& result)
 {
     for (const rovanel::Message& message : result.messages) showMessage(this, message);
-    if (!result.report.empty()) m_eredmeny->setPlainText(fromCp1250(result.report));
+    if (!result.report.empty()) rovanel::forms::renderInto(m_eredmeny, result.styledReport);
     rovanel::forms::setLines(m_found, result.listLines);
 }
 
@@ -286,7 +250,7 @@ void TKh::ATCTreeChange()
 
 void TKh::GyMegnezClick()
 {
-    const int index = rovanel::forms::comboItemIndex(m_gylist);
+    const int index = m_gylist->chosenIndex();
     if (m_viewer)
         m_viewer(rovanel::recordOfListPosition(m_state.tables, rovanel::NameGroup::Medicines, index),
                  m_gylist->currentText());
@@ -299,13 +263,7 @@ void TKh::KhGyMegnezClick()
     m_viewer(m_state.found.recordAt(row), m_found->item(row)->text());
 }
 
-void TKh::KhSzedettGyListDblClick()
+void TKh::KhSzedettGyListDblClick(rovanel::ProductRecord record, const QString& caption)
 {
-    const int row = rovanel::forms::selectedRow(m_szedett);
-    if (row < 0 || !m_viewer) return;
-    const auto& drugSlots = m_state.selection.SzedettGy;
-    const rovanel::ProductRecord record = static_cast<std::size_t>(row) < drugSlots.size()
-                                              ? drugSlots[static_cast<std::size_t>(row)]
-                                              : rovanel::kNoProduct;
-    m_viewer(record, m_szedett->item(row)->text());
+    if (m_viewer) m_viewer(record, caption);
 }

@@ -5,7 +5,7 @@
 
 #include <QWidget>
 
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
 
 namespace rovanel
 {
@@ -14,12 +14,16 @@ struct KhRunResult;
 }  // namespace rovanel
 
 class QCheckBox;
-class QComboBox;
 class QListWidget;
-class QPushButton;
 class QTabWidget;
 class QTextEdit;
 class QTreeWidget;
+
+namespace rovanel::forms
+{
+class NameList;
+class TakenDrugs;
+}  // namespace rovanel::forms
 
 class TKh : public QWidget
 {
@@ -41,7 +45,7 @@ public slots:
     void ATCTreeChange();
     void GyMegnezClick();
     void KhGyMegnezClick();
-    void KhSzedettGyListDblClick();
+    void KhSzedettGyListDblClick(rovanel::ProductRecord record, const QString& caption);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -51,16 +55,17 @@ private:
     void FormShow();
     void AddSzGy();
     void showResult(const rovanel::KhRunResult& result);
+    void clearResults();
 
     rovanel::SharedState& m_state;
     rovanel::forms::DescriptionViewer m_viewer;
     bool m_loaded = false;
     QTabWidget* m_tab = nullptr;
-    QComboBox* m_gylist = nullptr;
+    rovanel::forms::NameList* m_gylist = nullptr;
     QTreeWidget* m_ellTree = nullptr;
     QTreeWidget* m_atcTree = nullptr;
     QTextEdit* m_eredmeny = nullptr;
-    QListWidget* m_szedett = nullptr;
+    rovanel::forms::TakenDrugs* m_szedett = nullptr;
     QListWidget* m_ellList = nullptr;
     QListWidget* m_found = nullptr;
     QCheckBox* m_kgy = nullptr;

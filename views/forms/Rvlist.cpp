@@ -2,52 +2,41 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QMouseEvent>
 #include <QPixmap>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTextEdit>
+#include <QVBoxLayout>
 
-#include "app/HideDeletedSetting.h"
+#include "app/UserPaths.h"
+#include "app/UserSettings.h"
 #include "app/forms/Help.h"
+#include "app/forms/ShowMessage.h"
 #include "db/AtcCode.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
-#include "db/DescriptionBuilder.h"
 #include "db/ProductIndex.h"
 #include "db/SameAtc.h"
 #include "db/SharedState.h"
-#include "db/StyledDocument.h"
-#include "views/forms/RichText.h"
+#include "views/forms/kit/DescriptionBox.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/NameList.h"
+#include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 namespace
 {
-
-struct JumpButton {
-    const char* name;
-    const char* caption;
-};
-
-constexpr JumpButton kJumpButtons[10] = {
-    {"JumpAtc", "&Atc"},       {"JumpHa", "&Hatóa."},         {"JumpJav", "&Javallatok"},
-    {"JumpAdag", "A&dagolás"}, {"JumpBetegnek", "&Betegnek"}, {"JumpEll", "&Ellenjav."},
-    {"JumpMh", "&Mellékh."},   {"JumpOv", "Ó&vatosan"},       {"JumpTil", "&Tilos"},
-    {"JumpMer", "&Mérgezés"},
-};
 
 // The picture prefixes and their files. The second file has no prefix of its own: with a one-entry list
 // "r2.jpg" is never shown, as intended.
 constexpr const char* kPicturePrefix = "C08";
 constexpr const char* kPictureFile = "r1.jpg";
+// The picture stands this far below the shortened description.
+constexpr int kPictureGap = 10;
 
 constexpr int kHelpContext = 500;
-constexpr int kLeirasHeight = 470;
-
-QString unicode(std::string_view cp1250) { return QString::fromUtf8(rovanel::cp1250ToUtf8(cp1250)); }
 
 }  // namespace
 
@@ -55,66 +44,66 @@ TGylist::TGylist(rovanel::SharedState& state, QWidget* parent) : QWidget(parent,
 {
     setObjectName("TGylist");  // "Gylist" is the name list's
     setWindowTitle(QString::fromUtf8("Leírások"));
-    resize(1000, 566);
 
     m_medicines = new QRadioButton(QString::fromUtf8("Gyógyszerek"), this);
     m_medicines->setObjectName("RBGyogyszer");
-    m_medicines->setGeometry(8, 6, 110, 22);
     m_nutrition = new QRadioButton(QString::fromUtf8("Tápszerek"), this);
     m_nutrition->setObjectName("RBTapszer");
-    m_nutrition->setGeometry(120, 6, 100, 22);
     m_hideDeleted = new QCheckBox(QString::fromUtf8("Törzskönyvből törölt kiszerlés nem kell"), this);
     m_hideDeleted->setObjectName("TTNemKell");
-    m_hideDeleted->setGeometry(616, 6, 376, 22);
     auto* recept = new QPushButton(QString::fromUtf8("&Recept"), this);
     recept->setObjectName("ReceptBtn");
-    recept->setGeometry(500, 4, 100, 26);
     recept->setEnabled(false);  // until the prescription window is attached
     connect(recept, &QPushButton::clicked, this, &TGylist::ReceptClick);
-
-    m_gylist = new QComboBox(this);
-    m_gylist->setObjectName("Gylist");
-    m_gylist->setGeometry(8, 32, 600, 24);
+    m_gylist = new rovanel::forms::NameList("Gylist", this);
     m_gylist->setMaxVisibleItems(30);
 
-    m_leiras = new QTextEdit(this);
-    m_leiras->setObjectName("Leiras1");
-    m_leiras->setGeometry(8, 60, 600, kLeirasHeight);
-    QFont arial("Arial");
-    arial.setPixelSize(16);
-    m_leiras->setFont(arial);
-    m_leiras->setReadOnly(true);
-    m_leiras->viewport()->installEventFilter(this);
-
+    m_leiras =
+        new rovanel::forms::DescriptionBox("Leiras1", rovanel::forms::DescriptionBox::Captions::Short, this);
     m_picture = new QLabel(this);
     m_picture->setObjectName("RgImage1");
-    m_picture->setGeometry(8, 60, 600, 0);
     m_picture->setAlignment(Qt::AlignCenter);
+    m_picture->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_picture->hide();
-
-    for (int i = 0; i < 10; ++i) {
-        auto* button = new QPushButton(QString::fromUtf8(kJumpButtons[i].caption), this);
-        button->setObjectName(kJumpButtons[i].name);
-        button->setGeometry(8 + 60 * i, 536, 60, 22);
-        connect(button, &QPushButton::clicked, this, [this, i] { SearchRtf(jumpSearchText(i)); });
-    }
+    m_leiras->addBelowText(m_picture);
 
     m_levels = new QListWidget(this);
     m_levels->setObjectName("AzonAtc");
-    m_levels->setGeometry(616, 32, 376, 110);
     auto* order = new QGroupBox(this);
     order->setObjectName("NamePriceGroupBox");
-    order->setGeometry(616, 144, 376, 36);
     m_priceOrder = new QRadioButton(QString::fromUtf8("Ár szerint"), order);
     m_priceOrder->setObjectName("PriceOrder");
-    m_priceOrder->setGeometry(8, 8, 120, 22);
     m_priceOrder->setChecked(true);
     m_nameOrder = new QRadioButton(QString::fromUtf8("Név szerint rendezve"), order);
     m_nameOrder->setObjectName("NameOrder");
-    m_nameOrder->setGeometry(140, 8, 200, 22);
-    m_sameAtc = new QListWidget(this);
-    m_sameAtc->setObjectName("AzonAtcNev");
-    m_sameAtc->setGeometry(616, 184, 376, 374);
+    m_sameAtc = rovanel::forms::nameLines("AzonAtcNev", this);
+
+    auto* groups = new QHBoxLayout;
+    groups->addWidget(m_medicines);
+    groups->addWidget(m_nutrition);
+    groups->addStretch();
+    groups->addWidget(recept);
+    auto* left = new QVBoxLayout;
+    left->addLayout(groups);
+    left->addWidget(m_gylist);
+    left->addWidget(m_leiras, 1);
+
+    auto* orderLayout = new QHBoxLayout(order);
+    orderLayout->setContentsMargins(8, 2, 8, 2);
+    orderLayout->addWidget(m_priceOrder);
+    orderLayout->addWidget(m_nameOrder);
+    orderLayout->addStretch();
+    auto* right = new QVBoxLayout;
+    right->addWidget(m_hideDeleted);
+    right->addWidget(m_levels, 1);
+    right->addWidget(order);
+    right->addWidget(m_sameAtc, 3);
+
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(8, 6, 8, 8);
+    layout->addLayout(left, 8);
+    layout->addLayout(right, 5);
+    rovanel::forms::rememberGeometry(this, QSize(1000, 566));
 
     connect(m_medicines, &QRadioButton::clicked, this, [this] { fillNames(); });
     connect(m_nutrition, &QRadioButton::clicked, this, [this] {
@@ -141,7 +130,8 @@ void TGylist::FormShow()
     QApplication::setOverrideCursor(Qt::WaitCursor);
     m_medicines->setChecked(true);
     fillNames();
-    m_hideDeleted->setChecked(rovanel::readHideDeletedSetting(m_state));
+    m_state.hideDeleted = rovanel::readHideDeleted(rovanel::userIniPath(), m_state.tables.dataDirectory);
+    m_hideDeleted->setChecked(m_state.hideDeleted);
     m_pictureDisplay = false;
     QApplication::restoreOverrideCursor();
     m_shown = true;
@@ -149,14 +139,12 @@ void TGylist::FormShow()
 
 bool TGylist::medicinesShown() const { return m_medicines->isChecked(); }
 
+// The list opens with no product named: a name stands in the edit line only over its description.
 void TGylist::fillNames()
 {
     const auto group = medicinesShown() ? rovanel::NameGroup::Medicines : rovanel::NameGroup::Nutrition;
-    QStringList names;
-    for (const std::string& name : rovanel::nameListFill(m_state.tables, group)) names << unicode(name);
-    m_gylist->clear();
-    m_gylist->addItems(names);
-    if (!names.isEmpty()) m_gylist->setCurrentIndex(0);
+    m_gylist->setNames(rovanel::nameListFill(m_state.tables, group));
+    m_leiras->clear();
     m_gylist->setFocus();
 }
 
@@ -169,9 +157,14 @@ void TGylist::clearProduct()
     m_leiras->clear();
 }
 
+// The setting is the user's; the database folder is never written (docs/decisions/user-settings.md).
 void TGylist::TTNemKellClick(bool checked)
 {
-    (void)rovanel::writeHideDeletedSetting(m_state, checked);  // unwritten: the choice holds for this run
+    m_state.hideDeleted = checked;
+    if (!rovanel::writeHideDeleted(rovanel::userIniPath(), checked))
+        showMessage(this, {rovanel::utf8ToCp1250("A beállítás nem menthető: " +
+                                                 rovanel::userIniPath().string() + " nem írható."),
+                           "", rovanel::MessageIcon::Stop, false});
 }
 
 void TGylist::setPrescriptionOpener(PrescriptionOpener opener)
@@ -194,11 +187,7 @@ void TGylist::GylistChange(int index)
     if (!medicinesShown()) clearProduct();
     if (index < 0) return;  // typing leaves no item chosen
     const auto group = medicinesShown() ? rovanel::NameGroup::Medicines : rovanel::NameGroup::Nutrition;
-    m_leiras->hide();
-    renderInto(m_leiras, rovanel::buildDescription(
-                             m_state.tables, rovanel::recordOfListPosition(m_state.tables, group, index))
-                             .document);
-    m_leiras->show();
+    m_leiras->showProduct(m_state.tables, rovanel::recordOfListPosition(m_state.tables, group, index));
     // The code table is indexed by the item index, not the record number, for both groups (kept so).
     const auto& codes = m_state.tables.productCodes;
     m_atcCode = static_cast<std::size_t>(index) < codes.size() ? codes[static_cast<std::size_t>(index)] : "";
@@ -217,18 +206,13 @@ void TGylist::sameAtcFill(bool levels)
     }
     if (levels) {
         const rovanel::AtcLevels found = rovanel::atcLevels(m_state.tables, m_atcCode);
-        m_levels->clear();
-        for (const std::string& line : found.lines) m_levels->addItem(unicode(line));
+        rovanel::forms::setLines(m_levels, found.lines);
         m_levelLength = found.levelLength;
     }
     const auto order = m_nameOrder->isChecked() ? rovanel::SameAtcOrder::Name : rovanel::SameAtcOrder::Price;
     rovanel::SameAtcList list =
         rovanel::sameAtcProducts(m_state.tables, m_atcCode, m_levelLength, order, m_state.hideDeleted);
-    QStringList lines;
-    lines.reserve(static_cast<qsizetype>(list.lines.size()));
-    for (const std::string& line : list.lines) lines << unicode(line);
-    m_sameAtc->clear();
-    m_sameAtc->addItems(lines);
+    rovanel::forms::setLines(m_sameAtc, list.lines);
     m_state.found.assign(std::move(list.found));
     m_filling = false;
 }
@@ -240,36 +224,30 @@ void TGylist::AzonAtcClick(int row)
     sameAtcFill(false);
 }
 
+// The picked product's name goes into the edit line above its description; the lists stay as they are.
 void TGylist::AzonAtcNevClick(int row)
 {
     if (m_filling || row < 0) return;
-    m_leiras->clear();
-    renderInto(m_leiras, rovanel::buildDescription(m_state.tables, m_state.found.recordAt(row)).document);
+    const rovanel::ProductRecord record = m_state.found.recordAt(row);
+    m_leiras->showProduct(m_state.tables, record);
+    const auto& names = m_state.tables.productNames;
+    if (medicinesShown() && record >= 0 && record < m_gylist->count())
+        m_gylist->setCurrentIndex(record);  // medicines: item index = record number
+    else if (record >= 0 && static_cast<std::size_t>(record) < names.size())
+        m_gylist->setEditText(rovanel::forms::fromCp1250(names[static_cast<std::size_t>(record)]));
 }
 
-void TGylist::SearchRtf(const QString& text) { searchRtf(m_leiras, text); }
+void TGylist::SearchRtf(const QString& text) { m_leiras->search(text); }
 
 void TGylist::showAtcPicture()
 {
     if (m_atcCode.rfind(kPicturePrefix, 0) == 0) {
         const QPixmap picture(QString::fromStdString(
             rovanel::dataFilePath(m_state.tables.dataDirectory, kPictureFile).string()));
-        m_leiras->resize(m_leiras->width(), kLeirasHeight - (picture.height() + 10));
         m_picture->setPixmap(picture);
-        m_picture->setGeometry(8, 60 + m_leiras->height() + 10, 600, picture.height());
+        m_picture->setContentsMargins(0, kPictureGap - m_leiras->layout()->spacing(), 0, 0);
         m_picture->show();
     } else {
-        m_leiras->resize(m_leiras->width(), kLeirasHeight);
         m_picture->hide();
     }
-}
-
-bool TGylist::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == m_leiras->viewport() && event->type() == QEvent::MouseButtonPress &&
-        static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
-        showPrescriptionNotice(this);
-        return true;
-    }
-    return QWidget::eventFilter(watched, event);
 }

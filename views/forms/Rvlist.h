@@ -9,18 +9,21 @@
 #include <functional>
 #include <string>
 
-class QComboBox;
-class QGroupBox;
 class QLabel;
 class QListWidget;
 class QRadioButton;
 class QCheckBox;
-class QTextEdit;
 
 namespace rovanel
 {
 struct SharedState;
 }
+
+namespace rovanel::forms
+{
+class DescriptionBox;
+class NameList;
+}  // namespace rovanel::forms
 
 class TGylist : public QWidget
 {
@@ -43,7 +46,6 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void FormShow();
@@ -65,11 +67,11 @@ private:
     std::string m_atcCode;          // the current ATC code (product code of the chosen item)
     std::size_t m_levelLength = 0;  // prefix length of the chosen level
 
-    QComboBox* m_gylist = nullptr;
+    rovanel::forms::NameList* m_gylist = nullptr;
     QRadioButton* m_medicines = nullptr;
     QRadioButton* m_nutrition = nullptr;
     QCheckBox* m_hideDeleted = nullptr;
-    QTextEdit* m_leiras = nullptr;
+    rovanel::forms::DescriptionBox* m_leiras = nullptr;
     QListWidget* m_levels = nullptr;
     QListWidget* m_sameAtc = nullptr;
     QRadioButton* m_priceOrder = nullptr;

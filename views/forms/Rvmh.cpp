@@ -1,7 +1,6 @@
 #include "views/forms/Rvmh.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
@@ -9,6 +8,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <QVBoxLayout>
 
 #include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
@@ -16,72 +16,63 @@
 #include "db/ProductIndex.h"
 #include "db/Searches.h"
 #include "db/SharedState.h"
+#include "views/forms/kit/NameList.h"
+#include "views/forms/kit/TakenDrugs.h"
+#include "views/forms/kit/WindowGeometry.h"
 
-using rovanel::forms::fromCp1250;
-
-namespace
-{
-
-QPushButton* button(const char* name, const QString& caption, QWidget* parent)
-{
-    auto* result = new QPushButton(caption, parent);
-    result->setObjectName(name);
-    return result;
-}
-
-}  // namespace
+using rovanel::forms::button;
 
 TMh::TMh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_state(state)
 {
     setObjectName("Mh");
     setWindowTitle(QStringLiteral("Mellékhatások                    Help=F1"));
     setHelpContext(this, 300);
-    setFixedSize(641, 561);
 
-    m_gyList = new QComboBox(this);
-    m_gyList->setObjectName("GyList");
-    m_gyList->setEditable(true);
-    m_gyList->setInsertPolicy(QComboBox::NoInsert);
+    m_gyList = new rovanel::forms::NameList("GyList", this);
     m_gyList->lineEdit()->installEventFilter(this);
     auto* gyToList = button("GyToList", QStringLiteral("Listához &ad >>"), this);
     auto* gyListMegnez = button("GyListMegnez", QStringLiteral("&Megnéz"), this);
-    m_szedett = new QListWidget(this);
-    m_szedett->setObjectName("MhSzedettGyList");
-    auto* szGyTorol = button("SzGyTorol", QStringLiteral("&Töröl"), this);
-    auto* szGyListatTorol = button("SzGyListatTorol", QStringLiteral("&Listát töröl"), this);
-    m_tree = new QTreeWidget(this);
-    m_tree->setObjectName("MhTree");
-    m_tree->setHeaderHidden(true);
-    m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_szedett = new rovanel::forms::TakenDrugs(
+        m_state, {"MhSzedettGyList", "SzGyTorol", "&Töröl", "SzGyListatTorol", "&Listát töröl"}, this);
+    m_tree = rovanel::forms::readOnlyTree("MhTree", this);
     auto* mhKeres = button("MhKeres", QStringLiteral("&Keres"), this);
-    m_found = new QListWidget(this);
-    m_found->setObjectName("MhGyList");
+    m_found = rovanel::forms::nameLines("MhGyList", this);
     auto* gyMegnez = button("GyMegnez", QStringLiteral("M&egnéz"), this);
 
+    auto* drugs = new QVBoxLayout;
+    drugs->addWidget(new QLabel(QStringLiteral("Gyógszerek:")));  // spelt so on purpose
+    drugs->addWidget(m_gyList);
+    drugs->addWidget(gyToList);
+    drugs->addWidget(gyListMegnez);
+    drugs->addStretch();
+    auto* sideEffects = new QVBoxLayout;
+    sideEffects->addWidget(new QLabel(QStringLiteral("Mellékhatások:")));
+    sideEffects->addWidget(m_tree, 1);
+    sideEffects->addWidget(mhKeres);
+    auto* causes = new QVBoxLayout;
+    causes->addWidget(new QLabel(QStringLiteral("Mellékhatást okozhatja:")));
+    causes->addWidget(m_found, 1);
+    causes->addWidget(gyMegnez);
+
     auto* layout = new QGridLayout(this);
-    layout->addWidget(new QLabel(QStringLiteral("Gyógszerek:")), 0, 0);  // spelt so on purpose
-    layout->addWidget(m_gyList, 1, 0);
-    layout->addWidget(gyToList, 2, 0);
-    layout->addWidget(gyListMegnez, 3, 0);
-    layout->addWidget(new QLabel(QStringLiteral("Szedett gyógyszerek:")), 0, 1);
-    layout->addWidget(m_szedett, 1, 1);
-    layout->addWidget(szGyTorol, 2, 1);
-    layout->addWidget(szGyListatTorol, 3, 1);
-    layout->addWidget(new QLabel(QStringLiteral("Mellékhatások:")), 4, 0);
-    layout->addWidget(m_tree, 5, 0);
-    layout->addWidget(mhKeres, 6, 0);
-    layout->addWidget(new QLabel(QStringLiteral("Mellékhatást okozhatja:")), 4, 1);
-    layout->addWidget(m_found, 5, 1);
-    layout->addWidget(gyMegnez, 6, 1);
+    layout->addLayout(drugs, 0, 0);
+    layout->addWidget(m_szedett, 0, 1);
+    layout->addLayout(sideEffects, 1, 0);
+    layout->addLayout(causes, 1, 1);
+    layout->setRowStretch(0, 2);
+    layout->setRowStretch(1, 3);
+    layout->setColumnStretch(0, 1);
+    layout->setColumnStretch(1, 1);
+    rovanel::forms::rememberGeometry(this, QSize(641, 561));
 
     connect(gyToList, &QPushButton::clicked, this, &TMh::GyToListClick);
     connect(gyListMegnez, &QPushButton::clicked, this, &TMh::GyListMegnezClick);
-    connect(szGyTorol, &QPushButton::clicked, this, &TMh::SzGyTorolClick);
-    connect(szGyListatTorol, &QPushButton::clicked, this, &TMh::SzGyListatTorolClick);
+    connect(m_szedett, &rovanel::forms::TakenDrugs::changed, m_found, &QListWidget::clear);
+    connect(m_szedett, &rovanel::forms::TakenDrugs::descriptionRequested, this,
+            &TMh::MhSzedettGyListDblClick);
     connect(mhKeres, &QPushButton::clicked, this, &TMh::MhKeresClick);
     connect(gyMegnez, &QPushButton::clicked, this, &TMh::GyMegnezClick);
     connect(m_found, &QListWidget::itemDoubleClicked, this, &TMh::GyMegnezClick);
-    connect(m_szedett, &QListWidget::itemDoubleClicked, this, &TMh::MhSzedettGyListDblClick);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &TMh::MhTreeChange);
 }
 
@@ -103,7 +94,7 @@ void TMh::FormShow()
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto& tables = m_state.tables;
-    rovanel::forms::fillMedicineNames(m_gyList, tables);
+    m_gyList->setNames(rovanel::nameListFill(tables, rovanel::NameGroup::Medicines));
     rovanel::forms::loadTree(m_tree, rovanel::dataFilePath(tables.dataDirectory, "mhnren2.dat"));
     m_state.selection.resetSlotsForSideEffectWindow();
     QApplication::restoreOverrideCursor();
@@ -114,34 +105,14 @@ void TMh::GyToListClick() { AddSzGy(); }
 
 void TMh::AddSzGy()
 {
-    const int index = rovanel::forms::comboItemIndex(m_gyList);
-    const rovanel::SelectionChange change = m_state.selection.addDrug(
-        rovanel::recordOfListPosition(m_state.tables, rovanel::NameGroup::Medicines, index));
-    if (change.outcome == rovanel::SelectionOutcome::Changed) {
-        m_found->clear();
-        m_szedett->addItem(m_gyList->itemText(index));
-    }
-    if (change.message) showMessage(this, *change.message);
+    const int index = m_gyList->chosenIndex();
+    m_szedett->add(rovanel::recordOfListPosition(m_state.tables, rovanel::NameGroup::Medicines, index),
+                   m_gyList->itemText(index));
 }
 
-void TMh::SzGyTorolClick()
-{
-    const int row = rovanel::forms::selectedRow(m_szedett);
-    const rovanel::SelectionChange change = m_state.selection.deleteDrug(m_szedett->count(), row);
-    if (change.outcome == rovanel::SelectionOutcome::Changed) {
-        delete m_szedett->takeItem(row);
-        m_szedett->clearSelection();
-        m_found->clear();
-    }
-    if (change.message) showMessage(this, *change.message);
-}
+void TMh::SzGyTorolClick() { m_szedett->removeSelected(); }
 
-void TMh::SzGyListatTorolClick()
-{
-    m_state.selection.clearDrugs();
-    m_szedett->clear();
-    m_found->clear();
-}
+void TMh::SzGyListatTorolClick() { m_szedett->clearAll(); }
 
 void TMh::MhTreeChange() { m_found->clear(); }
 
@@ -151,7 +122,7 @@ void TMh::MhKeresClick()
     if (node < 0) return;
     m_found->clear();
     const rovanel::SearchOutcome outcome =
-        m_szedett->count() == 0
+        m_szedett->list()->count() == 0
             ? rovanel::FillMhIdxList(m_state.tables, m_state.found, node)
             : rovanel::FillMhSpecIdxList2(m_state.tables, m_state.selection, m_state.found, node);
     if (outcome.message)
@@ -162,7 +133,7 @@ void TMh::MhKeresClick()
 
 void TMh::GyListMegnezClick()
 {
-    const int index = rovanel::forms::comboItemIndex(m_gyList);
+    const int index = m_gyList->chosenIndex();
     if (m_viewer)
         m_viewer(rovanel::recordOfListPosition(m_state.tables, rovanel::NameGroup::Medicines, index),
                  m_gyList->currentText());
@@ -175,13 +146,7 @@ void TMh::GyMegnezClick()
     m_viewer(m_state.found.recordAt(row), m_found->item(row)->text());
 }
 
-void TMh::MhSzedettGyListDblClick()
+void TMh::MhSzedettGyListDblClick(rovanel::ProductRecord record, const QString& caption)
 {
-    const int row = rovanel::forms::selectedRow(m_szedett);
-    if (row < 0 || !m_viewer) return;
-    const auto& drugSlots = m_state.selection.SzedettGy;
-    const rovanel::ProductRecord record = static_cast<std::size_t>(row) < drugSlots.size()
-                                              ? drugSlots[static_cast<std::size_t>(row)]
-                                              : rovanel::kNoProduct;
-    m_viewer(record, m_szedett->item(row)->text());
+    if (m_viewer) m_viewer(record, caption);
 }

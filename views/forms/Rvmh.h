@@ -5,16 +5,21 @@
 
 #include <QWidget>
 
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
 
 namespace rovanel
 {
 struct SharedState;
 }
 
-class QComboBox;
 class QListWidget;
 class QTreeWidget;
+
+namespace rovanel::forms
+{
+class NameList;
+class TakenDrugs;
+}  // namespace rovanel::forms
 
 class TMh : public QWidget
 {
@@ -31,7 +36,7 @@ public slots:
     void MhKeresClick();
     void GyListMegnezClick();
     void GyMegnezClick();
-    void MhSzedettGyListDblClick();
+    void MhSzedettGyListDblClick(rovanel::ProductRecord record, const QString& caption);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -44,8 +49,8 @@ private:
     rovanel::SharedState& m_state;
     rovanel::forms::DescriptionViewer m_viewer;
     bool m_loaded = false;
-    QComboBox* m_gyList = nullptr;
-    QListWidget* m_szedett = nullptr;
+    rovanel::forms::NameList* m_gyList = nullptr;
+    rovanel::forms::TakenDrugs* m_szedett = nullptr;
     QTreeWidget* m_tree = nullptr;
     QListWidget* m_found = nullptr;
 };

@@ -9,13 +9,14 @@
 
 #include "db/DataFile.h"
 #include "db/SharedState.h"
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 TRend::TRend(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_state(state)
 {
     setObjectName("Rend");
     setWindowTitle(QStringLiteral("Rendeletek"));
-    setFixedSize(692, 508);
     auto* panel = new QWidget(this);
     panel->setObjectName("Panel1");
     m_tree = new QTreeWidget(panel);
@@ -23,9 +24,9 @@ TRend::TRend(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_
     m_tree->setHeaderHidden(true);
     m_text = new QTextEdit(panel);
     m_text->setObjectName("RendLeiro");
-    m_text->setLineWrapMode(QTextEdit::NoWrap);
+    m_text->setLineWrapMode(QTextEdit::WidgetWidth);
     m_text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    m_text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    m_text->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_text->setTabStopDistance(32);
     m_fa = new QRadioButton(QStringLiteral("Fa szerkezet"), panel);
     m_fa->setObjectName("RendeletFa");
@@ -42,6 +43,7 @@ TRend::TRend(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(panel);
+    rovanel::forms::rememberGeometry(this, QSize(692, 508));
     connect(m_fa, &QRadioButton::clicked, this, &TRend::RendeletFaClick);
     connect(m_szoveges, &QRadioButton::clicked, this, &TRend::RendeletSzovegesenClick);
 }

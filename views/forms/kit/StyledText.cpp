@@ -1,23 +1,15 @@
-#include "views/forms/RichText.h"
+#include "views/forms/kit/StyledText.h"
 
 #include <QColor>
-#include <QScrollBar>
 #include <QTextCharFormat>
 #include <QTextCursor>
 #include <QTextEdit>
 
-#include "app/forms/ShowMessage.h"
-#include "db/Cp1250.h"
-#include "db/DescriptionBuilder.h"
-#include "db/Message.h"
 #include "db/StyledDocument.h"
+#include "views/forms/kit/Text.h"
 
-namespace
+namespace rovanel::forms
 {
-
-QString unicode(std::string_view cp1250) { return QString::fromUtf8(rovanel::cp1250ToUtf8(cp1250)); }
-
-}  // namespace
 
 void renderInto(QTextEdit* box, const rovanel::StyledDocument& document)
 {
@@ -25,7 +17,6 @@ void renderInto(QTextEdit* box, const rovanel::StyledDocument& document)
     QTextCursor cursor(box->document());
     for (const rovanel::TextRun& run : document.runs()) {
         QTextCharFormat format;
-        format.setFontFamilies({QString::fromStdString(run.style.font)});
         QFont font(QString::fromStdString(run.style.font));
         font.setPixelSize(run.style.height);
         font.setBold(run.style.bold);
@@ -33,7 +24,7 @@ void renderInto(QTextEdit* box, const rovanel::StyledDocument& document)
         format.setForeground(QColor(static_cast<int>((run.style.colour >> 16) & 0xFF),
                                     static_cast<int>((run.style.colour >> 8) & 0xFF),
                                     static_cast<int>(run.style.colour & 0xFF)));
-        cursor.insertText(unicode(run.text), format);
+        cursor.insertText(fromCp1250(run.text), format);
     }
     QTextCursor start(box->document());
     start.movePosition(QTextCursor::Start);
@@ -56,15 +47,4 @@ bool searchRtf(QTextEdit* box, const QString& text)
     return true;
 }
 
-QString jumpSearchText(int button)
-{
-    if (button < 0 || button >= 10) return {};
-    return unicode(rovanel::kJumpSearchTexts[button]);
-}
-
-void showPrescriptionNotice(QWidget* owner)
-{
-    rovanel::Message notice;
-    notice.text = rovanel::utf8ToCp1250("Változás: Receptnyomtatás a -Részletes lista- menüpont alatt.");
-    showMessage(owner, notice);
-}
+}  // namespace rovanel::forms
