@@ -69,7 +69,7 @@ std::vector<PublicCareEntry> parsePublicCareList(std::string_view content)
         if (!line.empty() && line.back() == '\n') line.remove_suffix(1);
         if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
         PublicCareEntry entry;
-        std::string* fields[] = {&entry.atc, &entry.ttt, &entry.name, &entry.form, &entry.ingredient};
+        std::string* fields[] = {&entry.atcCode, &entry.ttt, &entry.name, &entry.form, &entry.ingredient};
         bool any = false;
         for (std::size_t i = 0; i < 5; ++i) {
             const auto token = nextToken(line, i < 4 ? std::string_view(";") : std::string_view("\n"));
@@ -137,7 +137,7 @@ PublicCareCertificate buildPublicCareCertificate(const std::optional<std::vector
     if (entries) {
         for (const PublicCareEntry& entry : *entries) {
             line("BNO: ?????");
-            line("ATC: " + entry.atc);
+            line("ATC: " + entry.atcCode);
             line("ttt: " + entry.ttt);
             line(utf8("Gyógyszer: ") + entry.name);
             line(utf8("Gyógyszer forma: ") + entry.form);

@@ -9,16 +9,12 @@
 #include <string_view>
 #include <vector>
 
+#include "certs/PublicCareList.h"
 #include "db/Message.h"
 #include "rx/PrintLayout.h"
 
 namespace rovanel
 {
-
-struct PublicCareEntry {
-    std::string atc, ttt, name, form, ingredient;
-    friend bool operator==(const PublicCareEntry&, const PublicCareEntry&) = default;
-};
 
 // The entries of a list file's content. A line is read up to 511 bytes (the rest of a longer line is
 // read as the next line), its LF and a CR before it are dropped, and the fields are taken as strtok

@@ -52,48 +52,6 @@ std::optional<std::string> appendPublicCareEntry(const std::filesystem::path& fi
     return std::nullopt;
 }
 
-std::vector<PublicCareEntry> parsePublicCareList(std::string_view content)
-{
-    std::vector<PublicCareEntry> entries;
-    std::size_t start = 0;
-    while (start < content.size()) {
-        std::size_t end = content.find('\n', start);
-        if (end == std::string_view::npos) end = content.size();
-        std::string_view line = content.substr(start, std::min(end - start, kLineLimit));
-        start = end + 1;
-        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);  // text mode
-        std::string* fields[5] = {nullptr, nullptr, nullptr, nullptr, nullptr};
-        PublicCareEntry entry;
-        fields[0] = &entry.atcCode;
-        fields[1] = &entry.ttt;
-        fields[2] = &entry.name;
-        fields[3] = &entry.form;
-        fields[4] = &entry.ingredient;
-        std::size_t position = 0;
-        bool any = false;
-        for (int i = 0; i < 5; ++i) {
-            const std::string_view delimiters = i < 4 ? ";" : "\r";
-            while (position < line.size() && delimiters.find(line[position]) != std::string_view::npos)
-                ++position;
-            if (position >= line.size()) break;
-            std::size_t stop = line.find_first_of(delimiters, position);
-            if (stop == std::string_view::npos) stop = line.size();
-            *fields[i] = std::string(line.substr(position, stop - position));
-            any = true;
-            position = stop < line.size() ? stop + 1 : stop;
-        }
-        if (any) entries.push_back(std::move(entry));
-    }
-    return entries;
-}
-
-std::optional<std::vector<PublicCareEntry>> readPublicCareList(const std::filesystem::path& file)
-{
-    const auto content = readWholeFile(file);
-    if (!content) return std::nullopt;
-    return parsePublicCareList(*content);
-}
-
 std::string publicCareIngredient(const std::vector<TreeNode>& tree, const TextList& groupCodes,
                                  std::string_view atcCode)
 {

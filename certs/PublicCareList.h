@@ -43,15 +43,7 @@ struct PublicCareEntry {
 [[nodiscard]] std::optional<std::string> appendPublicCareEntry(const std::filesystem::path& file,
                                                                const PublicCareEntry& entry);
 
-// The entries of the list's bytes. Each line is read through a 512-byte buffer (511 bytes; the rest of a
-// longer line is skipped) and cut as strtok cuts it: at ";" four times, then at the line end, with
-// leading delimiters of a field skipped, so an empty field lets the next one move up. Missing fields
-// are empty; an empty line is no entry.
-[[nodiscard]] std::vector<PublicCareEntry> parsePublicCareList(std::string_view content);
-
-// The entries of the list file, or nothing when it cannot be opened ("Üres közgyógy lista").
-[[nodiscard]] std::optional<std::vector<PublicCareEntry>> readPublicCareList(
-    const std::filesystem::path& file);
+// Reading the list: parsePublicCareList and readPublicCareList (certs/PublicCareCertificate.h).
 
 // The active-ingredient field for ATC group `atcCode`: the text of the tree node whose position holds
 // that code in the ATC code table, cut at its first "(" (the whole text when it has none); empty when

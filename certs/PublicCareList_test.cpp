@@ -1,7 +1,6 @@
-#include "certs/PublicCareList.h"
-
 #include <gtest/gtest.h>
 
+#include "certs/PublicCareCertificate.h"
 #include "db/DataFile.h"
 #include "db/TextList.h"
 #include "tests/support/ScratchDirectory.h"

@@ -14,11 +14,11 @@
 #include <thread>
 #include <vector>
 
-#include "certs/PublicCareList.h"
 #include "app/DatabaseRefresh.h"
 #include "catalogues/Formulary.h"
 #include "catalogues/MagiStore.h"
 #include "catalogues/MedicalAids.h"
+#include "certs/PublicCareCertificate.h"
 #include "db/DataFile.h"
 #include "db/DescriptionBuilder.h"
 #include "db/DrugSelection.h"
@@ -32,12 +32,12 @@
 #include "db/TreeFile.h"
 #include "gen/DatabaseCheck.h"
 #include "gen/DatabaseGenerator.h"
+#include "gen/NeakImport.h"
+#include "pricelist/DetailedList.h"
 #include "rx/BnoRules.h"
 #include "rx/BnoTree.h"
 #include "rx/PackageData.h"
 #include "rx/Qualification.h"
-#include "pricelist/DetailedList.h"
-#include "gen/NeakImport.h"
 #include "tests/support/NeakSource.h"
 #include "tests/support/TinyDatabase.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "certs/PublicCareList.h"
+#include "certs/PublicCareCertificate.h"
 #include "db/DataFile.h"
 #include "db/StartupTables.h"
 #include "fuzz/FuzzSupport.h"

@@ -10,7 +10,8 @@
 #include "app/UpdateNotice.h"
 #include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/Text.h"
 
 namespace
 {

@@ -18,7 +18,8 @@
 #include "app/forms/ShowMessage.h"
 #include "app/forms/UpgradeCheck.h"
 #include "db/Cp1250.h"
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/Text.h"
 
 namespace
 {

@@ -13,8 +13,9 @@
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 #include "db/SharedState.h"
-#include "views/forms/FormSupport.h"
-#include "views/forms/RichText.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/StyledText.h"
+#include "views/forms/kit/Text.h"
 
 using rovanel::forms::fromCp1250;
 
@@ -121,5 +122,5 @@ void TFoNoForm::showItem(int item)
         return;
     }
     m_name = found->name;
-    renderInto(m_text, rovanel::fonoDocument(*found, fixedPitch()));
+    rovanel::forms::renderInto(m_text, rovanel::fonoDocument(*found, fixedPitch()));
 }

@@ -13,7 +13,8 @@
 #include "catalogues/forms/ListFilter.h"
 #include "db/Cp1250.h"
 #include "db/SharedState.h"
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/Text.h"
 
 using rovanel::forms::fromCp1250;
 

@@ -12,7 +12,8 @@
 #include "certs/PublicCareCertificate.h"
 #include "db/SharedState.h"
 #include "rx/forms/PrintRenderer.h"
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/Text.h"
 
 namespace
 {

@@ -14,7 +14,8 @@
 #include "db/Cp1250.h"
 #include "db/SharedState.h"
 #include "rx/forms/PrintRenderer.h"
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/Text.h"
 
 namespace
 {

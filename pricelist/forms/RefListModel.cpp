@@ -5,7 +5,8 @@
 #include <QPixmap>
 
 #include "pricelist/DetailedList.h"
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/Text.h"
 
 namespace
 {

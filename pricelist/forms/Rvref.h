@@ -13,7 +13,8 @@
 #include "db/TreeFile.h"
 #include "pricelist/ColumnWidths.h"
 #include "pricelist/DetailedList.h"
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/Text.h"
 
 class QCheckBox;
 class QComboBox;

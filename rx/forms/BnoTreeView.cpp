@@ -2,7 +2,8 @@
 
 #include <QTreeWidget>
 
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/Text.h"
 
 namespace rovanel::forms
 {

@@ -17,7 +17,8 @@
 #include "db/Cp1250.h"
 #include "rx/BnoTree.h"
 #include "rx/forms/BnoTreeView.h"
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/Text.h"
 
 using rovanel::forms::fromCp1250;
 

@@ -30,7 +30,8 @@
 #include "rx/PatientData.h"
 #include "rx/Qualification.h"
 #include "rx/forms/BnoTreeView.h"
-#include "views/forms/FormSupport.h"
+#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/Text.h"
 
 using rovanel::forms::fromCp1250;
 

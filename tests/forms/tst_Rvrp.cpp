@@ -203,9 +203,9 @@ void TestRvrp::recordCheckStopsAtTheFirstFailure()
 
 void TestRvrp::permanentDrugWithoutEntryAllowsOnlyThreeTitles()
 {
-    rovanel::writeProfileString(
+    QVERIFY(rovanel::writeProfileString(
         m_ini, rovanel::kPatientSection, "Allando gyogyszerek",
-        "900000001;;ELSO 10 MG;3;2;duas (II);D.S.: reggel;;;;~900000009;;MASIK;0;;;;;;;~");
+        "900000001;;ELSO 10 MG;3;2;duas (II);D.S.: reggel;;;;~900000009;;MASIK;0;;;;;;;~"));
     MessageRecorder messages;
     auto form = makeForm();
     form->showPermanentDrugs(true);
@@ -232,7 +232,8 @@ void TestRvrp::permanentDrugWithoutEntryAllowsOnlyThreeTitles()
 
 void TestRvrp::titleShownAsDashIsRefused()
 {
-    rovanel::writeProfileString(m_ini, rovanel::kPatientSection, "Allando gyogyszerek", "900000009;;MASIK~");
+    QVERIFY(rovanel::writeProfileString(m_ini, rovanel::kPatientSection, "Allando gyogyszerek",
+                                        "900000009;;MASIK~"));
     MessageRecorder messages;
     auto form = makeForm();
     form->showPermanentDrugs(false);

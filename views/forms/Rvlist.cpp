@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPixmap>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
