@@ -49,8 +49,9 @@ std::optional<PlantedCases> generateDatabase(const std::filesystem::path& direct
     generation::Generator generator(options);
     if (!generator.build(error) || !generator.write(directory, error)) return std::nullopt;
     if (!writePictures(directory, error)) return std::nullopt;
-    if (!writePrescriptionFiles(directory, options.seed, error)) return std::nullopt;
+    // The detailed list's cases change product blocks; the prescription files are derived from them.
     if (!plantDetailedListCases(directory, generator.planted, error)) return std::nullopt;
+    if (!writePrescriptionFiles(directory, options.seed, error)) return std::nullopt;
     if (!writeAidCatalogue(directory, options, error) || !writeFormulary(directory, options, error))
         return std::nullopt;
     return generator.planted;
