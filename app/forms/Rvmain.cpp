@@ -178,7 +178,7 @@ void TMain::FormCreate()
     // The menu is absent while the form is being built.
     MainMenu1->setVisible(false);
 
-    // The start-up tables. The hourglass goes back only after a complete load, as it always has.
+    // The start-up tables. The hourglass goes back only after a complete load.
     QApplication::setOverrideCursor(Qt::WaitCursor);
     m_state.openDatabase(QDir::currentPath().toStdString(), rovanel::userIniPath());
     if (m_state.tables.reached == rovanel::LoadStep::Complete) QApplication::restoreOverrideCursor();

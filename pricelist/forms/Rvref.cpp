@@ -409,7 +409,8 @@ void TRefForm::KgyAddClick()
         return;
     }
     const auto& cells = m_list.rows()[static_cast<std::size_t>(row)].cells;
-    // The ATC field comes from the record read last while the list was filled, as it always has.
+    // The ATC field comes from the record read last while the list was filled (kept on purpose, see
+    // tst_Rvref).
     const std::string& lastCode = m_list.lastReadCode();
     rovanel::PublicCareEntry entry;
     entry.atcCode = lastCode.substr(0, std::min(lastCode.size(), kAtcFieldLength));
