@@ -95,6 +95,12 @@ int main(int argc, char** argv)
     Main->attachWindow(TMain::Window::FoNoForm, FoNoForm.get());
     auto MagiForm = std::make_unique<TMagiForm>(Main->state());
     Main->attachWindow(TMain::Window::MagiForm, MagiForm.get());
+    const auto handover = [form = Rp.get()](const std::string& name, const std::string& text,
+                                            const std::string& productCode) {
+        form->addItem(name, text, productCode);
+    };
+    FoNoForm->setPrescriptionHandover(handover);
+    MagiForm->setPrescriptionHandover(handover);
 
     instance->setMainWindow(Main.get());
     Main->show();

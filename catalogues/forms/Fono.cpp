@@ -56,6 +56,9 @@ TFoNoForm::TFoNoForm(rovanel::SharedState& state, QWidget* parent)
     m_text->setLineWrapMode(QTextEdit::NoWrap);
     m_text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     m_text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    rovanel::forms::onRightButtonPress(m_text->viewport(), [this] {
+        if (m_handover) m_handover(m_name, rovanel::forms::toCp1250(m_text->toPlainText()), "999999999");
+    });
 
     auto* lists = new QSplitter(Qt::Vertical, panel);
     lists->addWidget(m_tree);

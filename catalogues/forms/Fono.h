@@ -6,6 +6,8 @@
 #include <memory>
 #include <string>
 
+#include "views/forms/kit/Lists.h"
+
 namespace rovanel
 {
 struct SharedState;
@@ -24,6 +26,12 @@ public:
     explicit TFoNoForm(rovanel::SharedState& state, QWidget* parent = nullptr);
     ~TFoNoForm() override;
 
+    // The prescription window's item-adding operation, called on a right-button press on the text.
+    void setPrescriptionHandover(rovanel::forms::PrescriptionHandover handover)
+    {
+        m_handover = std::move(handover);
+    }
+
     // FoNoName: the name line of the item shown last (Windows-1250).
     [[nodiscard]] const std::string& FoNoName() const { return m_name; }
 
@@ -36,6 +44,7 @@ private:
     void showItem(int item);
 
     rovanel::SharedState& m_state;
+    rovanel::forms::PrescriptionHandover m_handover;  // none until a prescription window is attached
     std::unique_ptr<rovanel::FonoCatalogue> m_catalogue;
     std::string m_name;
     QTreeWidget* m_tree = nullptr;

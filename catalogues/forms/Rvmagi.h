@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "db/Message.h"
+#include "views/forms/kit/Lists.h"
 
 namespace rovanel
 {
@@ -27,6 +28,12 @@ public:
     explicit TMagiForm(rovanel::SharedState& state, QWidget* parent = nullptr);
     ~TMagiForm() override;
 
+    // The prescription window's item-adding operation, called on a right-button press on the text.
+    void setPrescriptionHandover(rovanel::forms::PrescriptionHandover handover)
+    {
+        m_handover = std::move(handover);
+    }
+
 public slots:
     void MagiListChange();
     void MagiAddClick();
@@ -42,6 +49,7 @@ private:
     void tell(const std::optional<rovanel::Message>& message);
 
     rovanel::SharedState& m_state;
+    rovanel::forms::PrescriptionHandover m_handover;  // none until a prescription window is attached
     std::unique_ptr<rovanel::MagiStore> m_store;
     std::optional<rovanel::Message> m_openMessage;  // shown at the first showing
     QLineEdit* m_name = nullptr;

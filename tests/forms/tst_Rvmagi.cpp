@@ -37,6 +37,7 @@ private slots:
     void deleteRemovesTheLineAndTheFileOfTheShownName();
     void aNameThatCannotBeAFileIsRefusedBeforeAnythingIsWritten();
     void anUnusableFolderSaysSoAtTheFirstShowing();
+    void aRightClickOnTheRecipeHandsItToThePrescription();
 };
 
 void TestRvmagi::addedRecipesAreListedSavedAndReadBack()
@@ -132,6 +133,28 @@ void TestRvmagi::anUnusableFolderSaysSoAtTheFirstShowing()
     QCOMPARE(messages.texts().size(), 2);
     QVERIFY(messages.texts().back().startsWith(QStringLiteral("A saját receptek listája nem menthető: ")));
     QCOMPARE(fixture.directory.read("upd"), "a file where the folder should be");
+}
+
+void TestRvmagi::aRightClickOnTheRecipeHandsItToThePrescription()
+{
+    CatalogueWindowState fixture;
+    pointUpdateAtScratch(fixture);
+    TMagiForm form(fixture.state);
+    form.show();
+    typeRecipe(form, QStringLiteral("Kenőcs"), QStringLiteral("Rp.\nAcidi salicylici 5,0"));
+    auto* text = child<QPlainTextEdit>(form, "MagiTxt")->viewport();
+    QTest::mouseClick(text, Qt::RightButton);  // no prescription window: nothing happens
+    std::vector<std::string> handed;
+    form.setPrescriptionHandover(
+        [&](const std::string& name, const std::string& recipe, const std::string& code) {
+            handed = {name, recipe, code};
+        });
+    QTest::mouseClick(text, Qt::LeftButton);
+    QVERIFY(handed.empty());
+    QTest::mouseClick(text, Qt::RightButton);
+    QCOMPARE(handed, (std::vector<std::string>{"Ken\xF5"
+                                               "cs",
+                                               "Rp.\nAcidi salicylici 5,0", "999999999"}));
 }
 
 QTEST_MAIN(TestRvmagi)

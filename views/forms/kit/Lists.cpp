@@ -1,8 +1,10 @@
 #include "views/forms/kit/Lists.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyledItemDelegate>
@@ -152,6 +154,37 @@ QWidget* tabColumns(QListWidget* list, const QString& firstCaption, const QStrin
     layout->addWidget(first, 1);
     layout->addWidget(second);
     return header;
+}
+
+namespace
+{
+
+class RightButtonFilter : public QObject
+{
+public:
+    RightButtonFilter(QObject* parent, std::function<void()> action)
+        : QObject(parent), m_action(std::move(action))
+    {
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::MouseButtonPress &&
+            static_cast<QMouseEvent*>(event)->button() == Qt::RightButton)
+            m_action();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<void()> m_action;
+};
+
+}  // namespace
+
+void onRightButtonPress(QWidget* widget, std::function<void()> action)
+{
+    widget->installEventFilter(new RightButtonFilter(widget, std::move(action)));
 }
 
 }  // namespace rovanel::forms

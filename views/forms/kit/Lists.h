@@ -54,4 +54,12 @@ void addElidedLine(QListWidget* list, const QString& line);
 [[nodiscard]] QWidget* tabColumns(QListWidget* list, const QString& firstCaption,
                                   const QString& secondCaption);
 
+// The prescription window's item-adding operation as the catalogue windows hand an item to it: name,
+// text and product code, Windows-1250 ("999999999" marks a magistral item).
+using PrescriptionHandover =
+    std::function<void(const std::string& name, const std::string& text, const std::string& productCode)>;
+
+// Calls `action` on every right-button press on `widget` (for a text box: its viewport).
+void onRightButtonPress(QWidget* widget, std::function<void()> action);
+
 }  // namespace rovanel::forms
