@@ -4,6 +4,7 @@
 
 #include "app/RegistrySettings.h"
 #include "db/Cp1250.h"
+#include "rx/Prescription.h"
 
 namespace rovanel
 {
@@ -304,6 +305,60 @@ std::string rxFormatCaption(RxFormat format)
             return utf8ToCp1250("Recept formátum: Új fekvő");
     }
     return {};
+}
+
+}  // namespace rovanel
+
+namespace rovanel
+{
+
+namespace
+{
+
+std::vector<std::string> textLines(std::string_view text)
+{
+    std::vector<std::string> lines;
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        std::string_view line = text.substr(0, end);
+        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+        lines.emplace_back(line);
+        if (end == std::string_view::npos) break;
+        text.remove_prefix(end + 1);
+    }
+    return lines;
+}
+
+}  // namespace
+
+RxPrintInput rxPrintInput(const Prescription& prescription)
+{
+    RxPrintInput input;
+    input.patientName = prescription.patient.name;
+    input.address1 = prescription.patient.address1;
+    input.address2 = prescription.patient.address2;
+    input.birthDate = prescription.patient.birthDate;
+    input.eny = prescription.patient.eny;
+    input.eu = prescription.patient.eu;
+    input.taj = prescription.patient.taj;
+    input.bno = prescription.bno;
+    input.date = prescription.date;
+    input.title = prescription.title;
+    input.notSubstitutable = !prescription.item.substitutable;
+    input.copy = prescription.copy;
+    input.specialistStamp = prescription.prescriber.specialistId;
+    input.recommendationDate = prescription.prescriber.recommendationDate;
+    input.logNumber = prescription.prescriber.logNumber;
+    input.drugName = prescription.item.name;
+    const auto& words = packageFormWords();
+    if (prescription.item.packageForm >= 0 && prescription.item.packageForm < static_cast<int>(words.size()))
+        input.packageWord = words[static_cast<std::size_t>(prescription.item.packageForm)];
+    input.quantity = prescription.item.quantity;
+    input.quantityInLatin = prescription.item.quantityLatin;
+    input.dosage = textLines(prescription.item.dosage);
+    input.extra = textLines(prescription.extraText);
+    input.serialNumber = prescription.prescriber.serialNumber;
+    return input;
 }
 
 }  // namespace rovanel

@@ -18,6 +18,7 @@ namespace rovanel
 {
 
 class RegistryStore;
+struct Prescription;
 
 // What one printed prescription shows, read from the prescription window as it stands.
 struct RxPrintInput {
@@ -44,6 +45,10 @@ struct RxPrintInput {
     std::vector<std::string> extra;   // the lines of RpE
     std::string serialNumber;         // VenyNo
 };
+
+// What `prescription` prints: the package word of its package form, its dosage and further text split
+// into lines (a CR before a line break is dropped), "X" for a drug that must not be substituted.
+[[nodiscard]] RxPrintInput rxPrintInput(const Prescription& prescription);
 
 enum class RxFormat { Old = 0, NewUpright = 1, NewSideways = 2 };
 

@@ -70,6 +70,7 @@ int main(int argc, char** argv)
     Main->attachWindow(TMain::Window::Mh, Mh.get());
     Mh->setDescriptionViewer(showDescription);
     auto Rp = std::make_unique<TRp>(Main->state(), std::filesystem::current_path());
+    Rp->setRegistry(&Main->registry());
     Main->attachPermanentDrugs(
         [form = Rp.get()](bool setListMode) { form->showPermanentDrugs(setListMode); });
     Gylist->setPrescriptionOpener([form = Rp.get()](std::int32_t record) {

@@ -17,6 +17,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "app/RegistrySettings.h"
 #include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
 #include "db/Cp1250.h"
@@ -30,6 +31,7 @@
 #include "rx/PatientData.h"
 #include "rx/Qualification.h"
 #include "rx/forms/BnoTreeView.h"
+#include "rx/forms/PrintRenderer.h"
 #include "views/forms/kit/Lists.h"
 #include "views/forms/kit/Text.h"
 
@@ -267,7 +269,7 @@ void TRp::buildControls()
     RpPreview->setReadOnly(true);
     RpSaveOnly = button("RpSaveOnly", "Csak ment", this);
     RpPrint = button("RpPrint", "Nyomtat és rögzít", this);
-    RpPrint->setEnabled(false);  // printing is not built yet
+    RpPdf = button("RpPdf", "PDF", this);
     auto* right = new QVBoxLayout;
     right->addWidget(new QLabel(QString::fromUtf8("Állandó gyógyszerek:"), this));
     right->addWidget(GyChLst, 1);
@@ -275,6 +277,7 @@ void TRp::buildControls()
     auto* actions = new QHBoxLayout;
     actions->addWidget(RpSaveOnly);
     actions->addWidget(RpPrint);
+    actions->addWidget(RpPdf);
     right->addLayout(actions);
 
     auto* left = new QVBoxLayout;
@@ -311,6 +314,8 @@ void TRp::buildControls()
     connect(BnoKodok, &QPushButton::clicked, this, &TRp::BnoKodokClick);
     connect(BnoEuLst, &QListWidget::customContextMenuRequested, this, [this] { BnoEuLstRightClick(); });
     connect(RpSaveOnly, &QPushButton::clicked, this, &TRp::RpSaveOnlyClick);
+    connect(RpPrint, &QPushButton::clicked, this, &TRp::RpPrintClick);
+    connect(RpPdf, &QPushButton::clicked, this, &TRp::RpPdfClick);
     connect(BnoKeres, &QPushButton::clicked, this, &TRp::BnoKeresClick);
     connect(BnoNext, &QPushButton::clicked, this, &TRp::BnoNextClick);
     connect(BnoCollapse, &QPushButton::clicked, this, &TRp::BnoCollapseClick);
@@ -614,7 +619,7 @@ void TRp::refreshPreview()
     RpPreview->setPlainText(fromCp1250(rovanel::previewText(prescription())));
 }
 
-void TRp::RpSaveOnlyClick()
+bool TRp::checkAndSave()
 {
     const rovanel::Prescription current = prescription();
     if (!m_bnoNodes) m_bnoNodes = rovanel::loadBnoTree(m_dataDirectory);
@@ -624,14 +629,45 @@ void TRp::RpSaveOnlyClick()
         if (check.focus == rovanel::RecordCheck::Field::Bno) BetegBNO->setFocus();
         if (check.focus == rovanel::RecordCheck::Field::Quantity) Mennyiseg->setFocus();
         showMessage(this, rovanel::invalidDataMessage());
-        return;
+        return false;
     }
     const rovanel::SaveResult saved = rovanel::savePrescription(m_patientIni, current);
     if (!saved.saved) {
         if (saved.message) showMessage(this, *saved.message);
-        return;
+        return false;
     }
-    showMessage(this, message("Recept elmentve.", rovanel::MessageIcon::Information));
+    return true;
+}
+
+void TRp::RpSaveOnlyClick()
+{
+    if (checkAndSave()) showMessage(this, message("Recept elmentve.", rovanel::MessageIcon::Information));
+}
+
+void TRp::setRegistry(rovanel::RegistryStore* registry)
+{
+    if (!registry) return;
+    const rovanel::RxPrintSettingsRead read = rovanel::readRxPrintSettings(*registry);
+    m_printSettings = read.settings;  // a setting that cannot be read keeps its default
+}
+
+void TRp::RpPrintClick()
+{
+    if (!checkAndSave()) return;
+    const rovanel::PrintLayout layout = rovanel::printedPrescription(
+        m_printSettings.format, rovanel::rxPrintInput(prescription()), m_printSettings.margins);
+    if (m_printSettings.printMode == 1)
+        rovanel::forms::previewLayout(this, layout);
+    else
+        rovanel::forms::printLayoutNow(this, layout);
+}
+
+void TRp::RpPdfClick()
+{
+    if (!checkAndSave()) return;
+    const rovanel::PrintLayout layout = rovanel::printedPrescription(
+        m_printSettings.format, rovanel::rxPrintInput(prescription()), m_printSettings.margins);
+    rovanel::forms::saveLayoutPdfAsked(this, layout, QStringLiteral("recept.pdf"));
 }
 
 void TRp::RpDsListChange()

@@ -15,6 +15,7 @@
 #include "db/TreeFile.h"
 #include "rx/PackageData.h"
 #include "rx/Prescription.h"
+#include "rx/RxPrintLayout.h"
 
 class QCheckBox;
 class QComboBox;
@@ -31,7 +32,8 @@ class QTreeWidget;
 namespace rovanel
 {
 struct SharedState;
-}
+class RegistryStore;
+}  // namespace rovanel
 
 class TRp : public QWidget
 {
@@ -66,6 +68,9 @@ public:
     // Files; tests point them into scratch folders.
     void setPatientDataPath(std::filesystem::path path) { m_patientIni = std::move(path); }
     void setDosageListPath(std::filesystem::path path) { m_dosageList = std::move(path); }
+    // The user's settings: the format, the print mode and the margins are read from them at once; without
+    // them the defaults hold.
+    void setRegistry(rovanel::RegistryStore* registry);
     // Today as YYYYMMDD for FelirDat (tests fix it).
     void setToday(std::string date) { m_today = std::move(date); }
 
@@ -78,6 +83,8 @@ public:
     void BnoKodokClick();
     void BnoEuLstRightClick();
     void RpSaveOnlyClick();
+    void RpPrintClick();
+    void RpPdfClick();
     void RpDsListChange();
     void DsAdClick();
     void DsTorolClick();
@@ -100,7 +107,7 @@ private:
     void setTitle(int index);
     void showBnoBrowser(bool shown);
     void loadBnoTree();
-    void runRecordCheckAndSave();
+    [[nodiscard]] bool checkAndSave();
 
     rovanel::SharedState& m_state;
     std::filesystem::path m_dataDirectory;
@@ -114,6 +121,7 @@ private:
     std::vector<std::string> m_qualifications;
     std::optional<std::vector<rovanel::TreeNode>> m_bnoNodes;
     bool m_treeFilled = false;
+    rovanel::RxPrintSettings m_printSettings;
 
     QLineEdit* BetegNev = nullptr;
     QLineEdit* BetegCim1 = nullptr;
@@ -149,6 +157,7 @@ private:
     QTextEdit* RpPreview = nullptr;
     QPushButton* RpSaveOnly = nullptr;
     QPushButton* RpPrint = nullptr;
+    QPushButton* RpPdf = nullptr;
     QWidget* RpPanel = nullptr;
     QWidget* BnoPanel = nullptr;
     QListWidget* BnoEuLst = nullptr;

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -19,8 +20,10 @@
 #include "db/SharedState.h"
 #include "rx/PackageData.h"
 #include "rx/PatientData.h"
+#include "rx/forms/PrintRenderer.h"
 #include "rx/forms/Rvrp.h"
 #include "tests/forms/support/MessageRecorder.h"
+#include "tests/support/PdfWords.h"
 
 namespace
 {
@@ -71,6 +74,7 @@ private slots:
     void dosageListIsNeverOverwrittenByTheTemplate();
     void regulationTextOfACodeLineOnRightClick();
     void magistralItemIsAddedWithItsCode();
+    void printingChecksSavesAndPrintsTheForm();
 
 private:
     std::unique_ptr<TRp> makeForm();
@@ -304,6 +308,49 @@ void TestRvrp::magistralItemIsAddedWithItsCode()
     child<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
     QTest::mouseClick(child<QPushButton>(*form, "RpSaveOnly"), Qt::LeftButton);
     QCOMPARE(messages.texts(), QStringList{text("Recept elmentve.")});  // no quantity needed for source 0
+}
+
+void TestRvrp::printingChecksSavesAndPrintsTheForm()
+{
+    MessageRecorder messages;
+    const auto file = std::filesystem::path(m_folder->path().toStdString()) / "recept.pdf";
+    int printed = 0;
+    const auto previous = rovanel::forms::setDirectPrintTarget([&](QPrinter& printer, const auto& paint) {
+        ++printed;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(QString::fromStdString(file.string()));
+        paint(printer);
+    });
+    auto form = makeForm();
+    form->setSource(0);
+    form->addItem("Rp. Acidi borici 2,0", "Naponta 2x", std::string(rovanel::kMagistralProductCode));
+    auto* print = child<QPushButton>(*form, "RpPrint");
+    QTest::mouseClick(print, Qt::LeftButton);  // no BNO code: refused, nothing printed
+    QCOMPARE(messages.texts(), (QStringList{text("Rövid BNO kód"), text("Hibás adatok!")}));
+    QCOMPARE(printed, 0);
+
+    child<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
+    QTest::mouseClick(print, Qt::LeftButton);
+    rovanel::forms::setDirectPrintTarget(previous);
+    QCOMPARE(printed, 1);
+    QVERIFY(rovanel::readProfileString(m_ini, rovanel::kPatientSection, "Felirt gyogyszerek", "", 100000)
+                .find("Acidi borici") != std::string::npos);
+    const auto words = rovanel::testing::pdfWords(file);
+    QVERIFY2(!words.empty(), "pdftotext (poppler-utils) is needed");
+    QStringList printedWords;
+    for (const auto& word : words) printedWords << QString::fromStdString(word.text);
+    const QString all = printedWords.join(' ');
+    QVERIFY2(all.contains("Rp. Acidi borici 2,0"), qPrintable(all));
+    QVERIFY2(all.contains("Naponta 2x"), qPrintable(all));
+    QVERIFY2(all.contains(text("I 1 0 H 0")), qPrintable(all));
+
+    // "PDF" saves the same form as the chosen file.
+    const auto pdf = std::filesystem::path(m_folder->path().toStdString()) / "masik.pdf";
+    const auto chooser = rovanel::forms::setPdfFileChooser(
+        [&pdf](QWidget*, const QString&) { return QString::fromStdString(pdf.string()); });
+    QTest::mouseClick(child<QPushButton>(*form, "RpPdf"), Qt::LeftButton);
+    rovanel::forms::setPdfFileChooser(chooser);
+    QVERIFY(std::filesystem::exists(pdf));
 }
 
 QTEST_MAIN(TestRvrp)
