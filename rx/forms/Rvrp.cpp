@@ -274,6 +274,31 @@ void TRp::buildControls()
     right->addWidget(new QLabel(QString::fromUtf8("Állandó gyógyszerek:"), this));
     right->addWidget(GyChLst, 1);
     right->addWidget(RpPreview, 2);
+    const auto radioGroup = [this](const char* name, const char* caption,
+                                   std::initializer_list<const char*> items,
+                                   std::vector<QRadioButton*>& radios, void (TRp::*click)(int)) {
+        auto* group = new QGroupBox(QString::fromUtf8(caption), this);
+        group->setObjectName(name);
+        auto* column = new QVBoxLayout(group);
+        for (const char* item : items) {
+            auto* radio = new QRadioButton(QString::fromUtf8(item), group);
+            radio->setObjectName(QString("%1%2").arg(name).arg(radios.size()));
+            const int index = static_cast<int>(radios.size());
+            connect(radio, &QRadioButton::clicked, this, [this, click, index] { (this->*click)(index); });
+            column->addWidget(radio);
+            radios.push_back(radio);
+        }
+        radios.front()->setChecked(true);
+        return group;
+    };
+    RpFormat = radioGroup("RpFormat", "Recept formátum", {"Régi", "Új álló", "Új fekvő"}, m_formats,
+                          &TRp::RpFormatClick);
+    PrintModeGrp =
+        radioGroup("PrintModeGrp", "Nyomtatás", {"Direkt", "Előkép"}, m_printModes, &TRp::PrintModeGrpClick);
+    auto* printGroups = new QHBoxLayout;
+    printGroups->addWidget(RpFormat);
+    printGroups->addWidget(PrintModeGrp);
+    right->addLayout(printGroups);
     auto* actions = new QHBoxLayout;
     actions->addWidget(RpSaveOnly);
     actions->addWidget(RpPrint);
@@ -646,9 +671,30 @@ void TRp::RpSaveOnlyClick()
 
 void TRp::setRegistry(rovanel::RegistryStore* registry)
 {
+    m_registry = registry;
     if (!registry) return;
     const rovanel::RxPrintSettingsRead read = rovanel::readRxPrintSettings(*registry);
     m_printSettings = read.settings;  // a setting that cannot be read keeps its default
+    const auto format = static_cast<std::size_t>(m_printSettings.format);
+    if (format < m_formats.size()) m_formats[format]->setChecked(true);
+    const auto mode = static_cast<std::size_t>(m_printSettings.printMode);
+    if (mode < m_printModes.size()) m_printModes[mode]->setChecked(true);
+}
+
+void TRp::RpFormatClick(int index)
+{
+    m_printSettings.format = static_cast<rovanel::RxFormat>(index);
+    setWindowTitle(fromCp1250(rovanel::rxFormatCaption(m_printSettings.format)));
+    if (!m_registry) return;
+    if (auto refusal = rovanel::writeRxFormat(*m_registry, m_printSettings.format))
+        showMessage(this, *refusal);
+}
+
+void TRp::PrintModeGrpClick(int index)
+{
+    m_printSettings.printMode = index;
+    if (!m_registry) return;
+    if (auto refusal = rovanel::writeRxPrintMode(*m_registry, index)) showMessage(this, *refusal);
 }
 
 void TRp::RpPrintClick()

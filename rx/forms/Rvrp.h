@@ -85,6 +85,8 @@ public:
     void RpSaveOnlyClick();
     void RpPrintClick();
     void RpPdfClick();
+    void RpFormatClick(int index);
+    void PrintModeGrpClick(int index);
     void RpDsListChange();
     void DsAdClick();
     void DsTorolClick();
@@ -122,6 +124,7 @@ private:
     std::optional<std::vector<rovanel::TreeNode>> m_bnoNodes;
     bool m_treeFilled = false;
     rovanel::RxPrintSettings m_printSettings;
+    rovanel::RegistryStore* m_registry = nullptr;
 
     QLineEdit* BetegNev = nullptr;
     QLineEdit* BetegCim1 = nullptr;
@@ -158,6 +161,10 @@ private:
     QPushButton* RpSaveOnly = nullptr;
     QPushButton* RpPrint = nullptr;
     QPushButton* RpPdf = nullptr;
+    QGroupBox* RpFormat = nullptr;
+    std::vector<QRadioButton*> m_formats;
+    QGroupBox* PrintModeGrp = nullptr;
+    std::vector<QRadioButton*> m_printModes;
     QWidget* RpPanel = nullptr;
     QWidget* BnoPanel = nullptr;
     QListWidget* BnoEuLst = nullptr;

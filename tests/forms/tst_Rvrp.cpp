@@ -16,6 +16,7 @@
 #include <fstream>
 
 #include "app/IniFile.h"
+#include "app/RegistrySettings.h"
 #include "db/Cp1250.h"
 #include "db/SharedState.h"
 #include "rx/PackageData.h"
@@ -75,6 +76,7 @@ private slots:
     void regulationTextOfACodeLineOnRightClick();
     void magistralItemIsAddedWithItsCode();
     void printingChecksSavesAndPrintsTheForm();
+    void formatAndModeAreKeptInTheUserSettings();
 
 private:
     std::unique_ptr<TRp> makeForm();
@@ -351,6 +353,40 @@ void TestRvrp::printingChecksSavesAndPrintsTheForm()
     QTest::mouseClick(child<QPushButton>(*form, "RpPdf"), Qt::LeftButton);
     rovanel::forms::setPdfFileChooser(chooser);
     QVERIFY(std::filesystem::exists(pdf));
+}
+
+void TestRvrp::formatAndModeAreKeptInTheUserSettings()
+{
+    MessageRecorder messages;
+    const auto registry =
+        rovanel::openRegistryFile(std::filesystem::path(m_folder->path().toStdString()) / "registry.ini");
+    QVERIFY(!rovanel::EnsureRegistryDefaults(*registry));  // as the program's start creates them
+    {
+        auto form = makeForm();
+        form->setRegistry(registry.get());
+        QVERIFY(child<QRadioButton>(*form, "RpFormat0")->isChecked());
+        form->show();
+        clickRadio(child<QRadioButton>(*form, "RpFormat2"));
+        QCOMPARE(form->windowTitle(), text("Recept formátum: Új fekvő"));
+        clickRadio(child<QRadioButton>(*form, "PrintModeGrp1"));
+        QCOMPARE(messages.texts().join("/"), QString());
+    }
+    auto form = makeForm();
+    form->setRegistry(registry.get());
+    QVERIFY(child<QRadioButton>(*form, "RpFormat2")->isChecked());
+    QVERIFY(child<QRadioButton>(*form, "PrintModeGrp1")->isChecked());
+    int previewed = 0;
+    const auto previous = rovanel::forms::setPreviewTarget([&](QPrinter& printer, const auto&) {
+        ++previewed;
+        QCOMPARE(printer.pageLayout().orientation(), QPageLayout::Landscape);
+    });
+    form->setSource(0);
+    form->addItem("Rp. Acidi borici 2,0", "Naponta 2x", std::string(rovanel::kMagistralProductCode));
+    child<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
+    QTest::mouseClick(child<QPushButton>(*form, "RpPrint"), Qt::LeftButton);
+    rovanel::forms::setPreviewTarget(previous);
+    QCOMPARE(previewed, 1);
+    QVERIFY(messages.texts().isEmpty());
 }
 
 QTEST_MAIN(TestRvrp)
