@@ -202,7 +202,13 @@ TRefForm::TRefForm(rovanel::SharedState& state, rovanel::RegistryStore& registry
     applyWidths();
 }
 
-TRefForm::~TRefForm() = default;
+// The table and its model read the detailed list's rows and captions, which are members of this form:
+// they go first, before the members they read are destroyed.
+TRefForm::~TRefForm()
+{
+    delete RefLst;
+    delete m_model;
+}
 
 void TRefForm::showEvent(QShowEvent* event)
 {
