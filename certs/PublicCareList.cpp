@@ -15,7 +15,6 @@ namespace rovanel
 namespace
 {
 
-constexpr std::size_t kLineLimit = 511;  // a 512-byte read
 constexpr const char* kDefaultFileName = "kgy.txt";
 
 }  // namespace
