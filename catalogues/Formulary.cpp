@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "catalogues/StringList.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 #include "db/Text.h"
@@ -11,19 +12,6 @@ namespace rovanel
 {
 namespace
 {
-
-std::vector<std::string> stringList(const std::filesystem::path& directory, std::string_view name)
-{
-    std::vector<std::string> lines;
-    const auto content = readWholeFile(dataFilePath(directory, name));
-    if (!content) return lines;
-    forEachLine(*content, [&](std::string_view line) {
-        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-        lines.emplace_back(line);
-        return true;
-    });
-    return lines;
-}
 
 // Reads fono.dat as a text-mode stream read through a 1024-byte buffer: each piece ends after its LF
 // or at kFonoPieceLimit bytes, and a CR before an LF is dropped.

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "catalogues/AidFields.h"
+#include "catalogues/StringList.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 #include "db/HungarianCollation.h"
@@ -15,20 +16,6 @@ namespace rovanel
 {
 namespace
 {
-
-// A string list's lines: split at LF, a CR before it dropped, nothing else changed.
-std::vector<std::string> stringList(const std::filesystem::path& directory, std::string_view name)
-{
-    std::vector<std::string> lines;
-    const auto content = readWholeFile(dataFilePath(directory, name));
-    if (!content) return lines;
-    forEachLine(*content, [&](std::string_view line) {
-        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-        lines.emplace_back(line);
-        return true;
-    });
-    return lines;
-}
 
 std::string replaceAll(std::string_view text, std::string_view from, std::string_view to)
 {
