@@ -1,5 +1,5 @@
-// The NEAK medical-aids catalogue the generator draws its aids from (data/vendor/aids_hu.tsv, embedded by
-// scripts/vendor_aids.py into gen/AidBook.cpp). Texts are UTF-8; amounts whole forints.
+// The NEAK medical-aids catalogue the generator draws its aids from (data/vendor/aids_hu.tsv, embedded at
+// build time by gen/tools/embed_data.cpp). Texts are UTF-8; amounts whole forints.
 #pragma once
 
 #include <span>

@@ -1,5 +1,5 @@
 // Writes the medical aids catalogue (senrend2.dat, sekod2.dat, sepos.dat, seiso.dat, senev.dat,
-// semegj.dat, se.dat) from the NEAK catalogue in gen/AidBook.cpp: every aid for 10,000 products and more,
+// semegj.dat, se.dat) from the NEAK catalogue of gen/AidBook.h: every aid for 10,000 products and more,
 // an even selection of a third of the product count (at least 60) below, so the group tree keeps its
 // real shape. Quantities, wearing periods, the standard-note mark and the notes are the generator's own.
 #pragma once

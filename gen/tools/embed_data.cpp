@@ -6,6 +6,10 @@
 //       reads as one active ingredient (no combination, no "egyéb", at most 28 characters, starting with
 //       a letter), at most 6 per chemical subgroup, whose four ancestor groups all have names; written
 //       with those ancestors, sorted by code.
+//   embed_data bno-book bno_hu.tsv BnoBook.cpp
+//       The BNO codes and names bno.tre is built from, one entry a table line (code, name), as sorted.
+//   embed_data aid-book aids_hu.tsv AidBook.cpp
+//       The medical-aids catalogue, one entry a table line (the twelve columns of gen/AidBook.h), as sorted.
 //   embed_data pictures DemoPictures.cpp NAME=FILE...
 //       The pictures the program shows (title pictures, the drug list's pictures) as byte arrays.
 #include <algorithm>
@@ -152,6 +156,54 @@ int writeAtcBook(const std::string& source, const std::string& target)
     return writeFile(target, out) ? 0 : 1;
 }
 
+// A TAB-separated table as the initialisers of an array of TYPE: a column marked 's' in kinds is a
+// text, 'n' a whole number. A line with another number of columns or a non-numeric number stops the build.
+int writeTable(const std::string& source, const std::string& target, const std::string& book,
+               const std::string& type, std::string_view kinds)
+{
+    std::string content;
+    if (!readFile(source, content)) {
+        std::cerr << "embed_data: cannot read " << source << "\n";
+        return 1;
+    }
+    std::string out =
+        "// Generated at build time by gen/tools/embed_data.cpp from " +
+        source.substr(source.rfind('/') + 1) + " (see data/vendor/README.md).\n#include \"gen/" + type +
+        ".h\"\n\nnamespace rovanel\n{\n\n" + "namespace\n{\nconstexpr " + type + "Entry kEntries[] = {\n";
+    std::istringstream lines(content);
+    int number = 0;
+    for (std::string line; std::getline(lines, line);) {
+        ++number;
+        if (line.empty()) continue;
+        std::vector<std::string> fields;
+        for (std::size_t start = 0;;) {
+            const auto tab = line.find('\t', start);
+            fields.push_back(line.substr(start, tab - start));
+            if (tab == std::string::npos) break;
+            start = tab + 1;
+        }
+        if (fields.size() != kinds.size()) {
+            std::cerr << source << ":" << number << ": " << fields.size() << " columns, not " << kinds.size()
+                      << "\n";
+            return 1;
+        }
+        out += "    {";
+        for (std::size_t k = 0; k < fields.size(); ++k) {
+            const std::string& field = fields[k];
+            if (kinds[k] == 'n' &&
+                (field.empty() || field.find_first_not_of("0123456789") != std::string::npos)) {
+                std::cerr << source << ":" << number << ": column " << k + 1 << " is not a number\n";
+                return 1;
+            }
+            out += (k == 0 ? "" : ", ") + (kinds[k] == 'n' ? field : literal(field));
+        }
+        out += "},\n";
+    }
+    out += "};\n}  // namespace\n\nstd::span<const " + type + "Entry> " + book +
+           "() { return kEntries; }\n\n" + "}  // namespace rovanel\n";
+    return writeFile(target, out) ? 0 : 1;
+}
+
 int writePictures(const std::string& target, const std::vector<std::string>& pictures)
 {
     std::string out =
@@ -187,8 +239,13 @@ int main(int argc, char** argv)
 {
     const std::vector<std::string> args(argv + 1, argv + argc);
     if (args.size() == 3 && args[0] == "atc-book") return writeAtcBook(args[1], args[2]);
+    if (args.size() == 3 && args[0] == "bno-book")
+        return writeTable(args[1], args[2], "bnoBook", "BnoBook", "ss");
+    if (args.size() == 3 && args[0] == "aid-book")
+        return writeTable(args[1], args[2], "aidBook", "AidBook", "sssnnnsnnsss");
     if (args.size() >= 2 && args[0] == "pictures")
         return writePictures(args[1], std::vector<std::string>(args.begin() + 2, args.end()));
-    std::cerr << "usage: embed_data atc-book TABLE OUT.cpp | embed_data pictures OUT.cpp NAME=FILE...\n";
+    std::cerr << "usage: embed_data atc-book|bno-book|aid-book TABLE OUT.cpp | embed_data pictures OUT.cpp "
+                 "NAME=FILE...\n";
     return 2;
 }
