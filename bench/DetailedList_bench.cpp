@@ -13,10 +13,9 @@
 #include "app/RegistrySettings.h"
 #include "app/forms/ShowMessage.h"
 #include "bench/BenchApplication.h"
+#include "bench/DemoGroups.h"
 #include "db/AtcCode.h"
 #include "db/DataFile.h"
-#include "db/ProductIndex.h"
-#include "db/SharedState.h"
 #include "pricelist/DetailedList.h"
 #include "pricelist/RefSort.h"
 #include "pricelist/forms/Rvref.h"
@@ -24,59 +23,17 @@
 namespace
 {
 
-rovanel::SharedState& sharedState()
-{
-    static rovanel::SharedState* state = [] {
-        auto* made = new rovanel::SharedState;
-        made->tables = rovanel::loadStartupTables(ROVANEL_DEMO_DB,
-                                                  std::filesystem::path(ROVANEL_DEMO_DB) / "no-user.ini");
-        return made;
-    }();
-    return *state;
-}
-
 // The medicine group with the most packages that the list shows without its too-many-rows message (at
 // most 600), and its slot.
 std::pair<std::string, std::int64_t> groupOf600()
 {
-    static const auto found = [] {
-        const auto& groups = sharedState().tables.atcGroupCodes;
-        rovanel::DataFile directory(rovanel::dataFilePath(ROVANEL_DEMO_DB, "atcindin.dat"));
-        std::pair<std::string, std::int64_t> best{"", -1};
-        std::int32_t bestCount = -1;
-        for (std::size_t k = 0; k < groups.size(); ++k) {
-            if (groups[k].empty() || groups[k][0] == 'T' || groups[k][0] == 'X') continue;
-            const auto key = rovanel::keyRecord(directory, static_cast<std::int64_t>(k));
-            if (key && key->count < rovanel::kDetailedListLimit && key->count > bestCount) {
-                bestCount = key->count;
-                best = {std::string(groups[k]), static_cast<std::int64_t>(k)};
-            }
-        }
-        return best;
-    }();
+    static const auto found = largestGroup([](std::string_view code, std::int32_t count) {
+        return !code.empty() && code[0] != 'T' && code[0] != 'X' && count < rovanel::kDetailedListLimit;
+    });
     return found;
 }
 
-void DetailedList_IoFloor(benchmark::State& state)
-{
-    const auto [code, slot] = groupOf600();
-    std::size_t products = 0;
-    for (auto _ : state) {
-        rovanel::DataFile directory(rovanel::dataFilePath(ROVANEL_DEMO_DB, "atcindin.dat"));
-        rovanel::DataFile list(rovanel::dataFilePath(ROVANEL_DEMO_DB, "atcind.dat"));
-        rovanel::DataFile gyful(rovanel::dataFilePath(ROVANEL_DEMO_DB, "gy.ful"));
-        rovanel::DataFile nevpos(rovanel::dataFilePath(ROVANEL_DEMO_DB, "nevpos.dat"));
-        const auto key = rovanel::keyRecord(directory, slot);
-        const auto records = rovanel::readRecordList(list, key->offset, key->count, false);
-        std::size_t bytes = 0;
-        for (const std::int32_t record : records)
-            if (const auto offset = rovanel::textPosition(nevpos, record))
-                bytes += gyful.read(*offset, 2048).size();
-        benchmark::DoNotOptimize(bytes);
-        products = records.size();
-    }
-    state.counters["products"] = static_cast<double>(products);
-}
+void DetailedList_IoFloor(benchmark::State& state) { groupIoFloor(state, groupOf600().second, 2048); }
 BENCHMARK(DetailedList_IoFloor)->Unit(benchmark::kMillisecond);
 
 void DetailedList_Fill600(benchmark::State& state)
@@ -84,7 +41,7 @@ void DetailedList_Fill600(benchmark::State& state)
     const auto [code, slot] = groupOf600();
     std::size_t rows = 0;
     for (auto _ : state) {
-        rovanel::DetailedList list(sharedState().tables);
+        rovanel::DetailedList list(demoSharedState().tables);
         (void)list.bFillSameAtc(code, rovanel::ListingMode::Plain);
         rows = list.rows().size();
         benchmark::DoNotOptimize(rows);
@@ -101,7 +58,7 @@ void DetailedList_WindowFill600(benchmark::State& state)
     const auto [code, slot] = groupOf600();
     auto registry =
         rovanel::openRegistryFile(std::filesystem::temp_directory_path() / "rovanel-bench-registry.ini");
-    auto form = std::make_unique<TRefForm>(sharedState(), *registry);
+    auto form = std::make_unique<TRefForm>(demoSharedState(), *registry);
     form->show();
     form->findChild<QLineEdit*>("AtcKodEdt")->setText(QString::fromStdString(code));
     auto* find = form->findChild<QPushButton*>("AtcKodKeres");
@@ -118,7 +75,7 @@ BENCHMARK(DetailedList_WindowFill600)->Unit(benchmark::kMillisecond);
 void DetailedList_Sort600(benchmark::State& state)
 {
     const auto [code, slot] = groupOf600();
-    rovanel::DetailedList list(sharedState().tables);
+    rovanel::DetailedList list(demoSharedState().tables);
     (void)list.bFillSameAtc(code, rovanel::ListingMode::Plain);
     const int column = static_cast<int>(state.range(0));
     for (auto _ : state) {
@@ -133,7 +90,7 @@ BENCHMARK(DetailedList_Sort600)->Arg(0)->Arg(17)->Arg(4)->Arg(5)->Arg(1)->Unit(b
 
 void DetailedList_AllRows_IoFloor(benchmark::State& state)
 {
-    const std::int32_t products = sharedState().tables.counts.products();
+    const std::int32_t products = demoSharedState().tables.counts.products();
     std::size_t bytes = 0;
     for (auto _ : state) {
         rovanel::DataFile gyful(rovanel::dataFilePath(ROVANEL_DEMO_DB, "gy.ful"));
@@ -150,7 +107,7 @@ BENCHMARK(DetailedList_AllRows_IoFloor)->Unit(benchmark::kMillisecond);
 
 void DetailedList_AllRows(benchmark::State& state)
 {
-    const std::int32_t products = sharedState().tables.counts.products();
+    const std::int32_t products = demoSharedState().tables.counts.products();
     std::size_t rows = 0;
     for (auto _ : state) {
         rovanel::DataFile gyful(rovanel::dataFilePath(ROVANEL_DEMO_DB, "gy.ful"));
@@ -159,7 +116,7 @@ void DetailedList_AllRows(benchmark::State& state)
         rows = 0;
         for (std::int32_t record = 0; record < products; ++record)
             if (const auto lines = rovanel::rowBlockLines(gyful, nevpos, record))
-                rows += rovanel::GetDailyPrice(*lines, record, sharedState().tables.productName(record),
+                rows += rovanel::GetDailyPrice(*lines, record, demoSharedState().tables.productName(record),
                                                rovanel::ListingMode::Plain, false, groups)
                             .has_value();
         benchmark::DoNotOptimize(rows);

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <map>
 
 #include "catalogues/AidFields.h"
 #include "db/Cp1250.h"
 #include "gen/AidBook.h"
 #include "gen/DatabaseGenerator.h"
+#include "gen/GeneratedFile.h"
 
 namespace rovanel
 {
@@ -178,15 +178,8 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(const Generat
 bool writeAidCatalogue(const std::filesystem::path& directory, const GeneratorOptions& options,
                        std::string* error)
 {
-    for (const auto& [name, content] : aidCatalogueFiles(options)) {
-        std::ofstream out(directory / name, std::ios::binary | std::ios::trunc);
-        out.write(content.data(), static_cast<std::streamsize>(content.size()));
-        out.close();
-        if (!out) {
-            if (error) *error = "cannot write " + (directory / name).string();
-            return false;
-        }
-    }
+    for (const auto& [name, content] : aidCatalogueFiles(options))
+        if (!writeGeneratedFile(directory, name, content, error)) return false;
     return true;
 }
 

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
 #include <set>
 #include <span>
 
 #include "db/Cp1250.h"
 #include "db/HungarianCollation.h"
 #include "gen/DatabaseGenerator.h"
+#include "gen/GeneratedFile.h"
 
 namespace rovanel
 {
@@ -385,15 +385,8 @@ std::vector<std::pair<std::string, std::string>> formularyFiles(const GeneratorO
 bool writeFormulary(const std::filesystem::path& directory, const GeneratorOptions& options,
                     std::string* error)
 {
-    for (const auto& [name, content] : formularyFiles(options)) {
-        std::ofstream out(directory / name, std::ios::binary | std::ios::trunc);
-        out.write(content.data(), static_cast<std::streamsize>(content.size()));
-        out.close();
-        if (!out) {
-            if (error) *error = "cannot write " + (directory / name).string();
-            return false;
-        }
-    }
+    for (const auto& [name, content] : formularyFiles(options))
+        if (!writeGeneratedFile(directory, name, content, error)) return false;
     return true;
 }
 

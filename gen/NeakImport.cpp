@@ -15,6 +15,7 @@
 #include "gen/DatabaseCheck.h"
 #include "gen/NeakTable.h"
 #include "gen/PictureWriter.h"
+#include "gen/Vocabulary.h"
 
 namespace rovanel
 {
@@ -98,13 +99,9 @@ std::string dailyDosesField(double doses)
     return text == "0" ? "0" : text;
 }
 
-std::string rovanelCode(std::string_view international)
-{
-    std::string code(international.substr(0, std::min<std::size_t>(5, international.size())));
-    if (international.size() >= 5) code += '-';
-    if (international.size() > 5) code += international.substr(5);
-    return code;
-}
+using generation::rovanelCode;
+using generation::serialText;
+
 std::string internationalCode(std::string_view code)
 {
     std::string text(code);
@@ -112,21 +109,6 @@ std::string internationalCode(std::string_view code)
     return text;
 }
 
-std::string serialText(int serial)
-{
-    std::string text(2, '0');
-    if (serial < 100) {
-        text[0] = static_cast<char>('0' + serial / 10);
-        text[1] = static_cast<char>('0' + serial % 10);
-    } else if (serial < 360) {
-        text[0] = static_cast<char>('A' + (serial - 100) / 10);
-        text[1] = static_cast<char>('0' + (serial - 100) % 10);
-    } else {
-        text[0] = static_cast<char>('A' + (serial - 360) / 26);
-        text[1] = static_cast<char>('A' + (serial - 360) % 26);
-    }
-    return text;
-}
 constexpr int kSerialsPerSubstance = 100 + 260 + 676;
 
 // An international ATC code of the regular shape cut at a level: 1, 3, 4, 5 or 7 characters.

@@ -8,6 +8,7 @@
 
 #include "app/RegistrySettings.h"
 #include "app/UpdateNotice.h"
+#include "app/forms/CreamPanel.h"
 #include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
 #include "views/forms/kit/Lists.h"
@@ -27,12 +28,7 @@ TMsgDlg::TMsgDlg(rovanel::RegistryStore& registry, QWidget* parent) : QWidget(pa
     resize(410, 276);
     setHelpContext(this, 110);
 
-    auto* panel = new QWidget(this);
-    panel->setObjectName("Panel1");
-    panel->setAutoFillBackground(true);
-    QPalette cream = panel->palette();
-    cream.setColor(QPalette::Window, QColor(0xFF, 0xFB, 0xF0));
-    panel->setPalette(cream);
+    QWidget* panel = fillWithCreamPanel(this);
 
     const auto label = [&](const char* name, const char* text) {
         auto* created = new QLabel(QString::fromUtf8(text), panel);
@@ -66,9 +62,6 @@ TMsgDlg::TMsgDlg(rovanel::RegistryStore& registry, QWidget* parent) : QWidget(pa
     column->addSpacing(20);
     column->addWidget(chbNoUpgMsg, 0, Qt::AlignHCenter);
     column->addStretch();
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(panel);
 
     connect(Button1, &QPushButton::clicked, this, &TMsgDlg::Button1Click);
 }

@@ -13,11 +13,11 @@
 #include <QVBoxLayout>
 
 #include "app/RegistrySettings.h"
+#include "app/forms/CreamPanel.h"
 #include "app/forms/Help.h"
 #include "app/forms/Rvmain.h"
 #include "app/forms/ShowMessage.h"
 #include "app/forms/UpgradeCheck.h"
-#include "db/Cp1250.h"
 #include "views/forms/kit/Lists.h"
 #include "views/forms/kit/Text.h"
 
@@ -29,8 +29,6 @@ constexpr const char* kUpgShow = "\\Software\\Rovanel\\UpgShow";
 constexpr const char* kHttpProxy = "\\Software\\Rovanel\\HttpProxy";
 constexpr const char* kProxyPort = "\\Software\\Rovanel\\ProxyPort";
 
-std::string toCp1250(const QString& text) { return rovanel::utf8ToCp1250(text.toStdString()); }
-
 }  // namespace
 
 TRvSettings::TRvSettings(TMain& main, rovanel::RegistryStore& registry, QWidget* parent)
@@ -41,12 +39,7 @@ TRvSettings::TRvSettings(TMain& main, rovanel::RegistryStore& registry, QWidget*
     resize(445, 576);
     setHelpContext(this, 110);
 
-    auto* panel = new QWidget(this);
-    panel->setObjectName("Panel1");
-    panel->setAutoFillBackground(true);
-    QPalette cream = panel->palette();
-    cream.setColor(QPalette::Window, QColor(0xFF, 0xFB, 0xF0));
-    panel->setPalette(cream);
+    QWidget* panel = fillWithCreamPanel(this);
 
     WebChk = new QCheckBox(QString::fromUtf8("Internetes frissítés lekérdezés a program indításakor"), panel);
     WebChk->setObjectName("WebChk");
@@ -99,9 +92,6 @@ TRvSettings::TRvSettings(TMain& main, rovanel::RegistryStore& registry, QWidget*
     column->addWidget(chbUpgShow2);
     column->addWidget(CloseSettings, 0, Qt::AlignHCenter);
     column->addWidget(GroupBox2, 1);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(panel);
 
     connect(CloseSettings, &QPushButton::clicked, this, &TRvSettings::CloseSettingsClick);
     connect(SettingsQuit, &QPushButton::clicked, this, &TRvSettings::SettingsQuitClick);
@@ -143,8 +133,8 @@ void TRvSettings::WriteSettingsToReg()
     const std::optional<rovanel::Message> errors[] = {
         rovanel::RegWriteBool(registry, kCheckUpg, WebChk->isChecked()),
         rovanel::RegWriteBool(registry, kUpgShow, chbUpgShow2->isChecked()),
-        rovanel::RegWriteString(registry, kHttpProxy, toCp1250(HttpProxy->text())),
-        rovanel::RegWriteString(registry, kProxyPort, toCp1250(HttpProxyPort->text())),
+        rovanel::RegWriteString(registry, kHttpProxy, rovanel::forms::toCp1250(HttpProxy->text())),
+        rovanel::RegWriteString(registry, kProxyPort, rovanel::forms::toCp1250(HttpProxyPort->text())),
     };
     for (const auto& error : errors)
         if (error) showMessage(this, *error);
