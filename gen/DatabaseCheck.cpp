@@ -12,6 +12,7 @@
 #include "db/DataFile.h"
 #include "db/RecordLayout.h"
 #include "db/Text.h"
+#include "gen/PrescriptionFiles.h"
 
 namespace rovanel
 {
@@ -197,6 +198,137 @@ std::string international(std::string_view code)
 bool validCode(std::string_view code)
 {
     return !code.empty() && code.find_first_of(" \t~#") == std::string_view::npos;
+}
+
+bool allOf(std::string_view text, std::string_view allowed)
+{
+    return text.find_first_not_of(allowed) == std::string_view::npos;
+}
+
+constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kCodeCharacters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+
+// The prescription files (bno.tre, bnohr.dat, tamttt.dat, szvhr.dat, DsListT.txt). A generated directory
+// must hold them with their planted cases; any other directory is checked for those of them it holds.
+void checkPrescriptionFiles(const std::filesystem::path& directory, CheckMode mode,
+                            const std::set<std::string>& regulationCodes, Problems& problems)
+{
+    const bool generated = mode == CheckMode::Generated;
+    std::map<std::string, std::string, std::less<>> files;
+    for (const char* name : {"bno.tre", "bnohr.dat", "tamttt.dat", "szvhr.dat", "DsListT.txt"}) {
+        if (auto content = readWholeFile(dataFilePath(directory, name)))
+            files.emplace(name, std::move(*content));
+        else if (generated)
+            problems.add("missing", std::string(name) + ": missing");
+    }
+    const auto linesOf = [&](std::string_view name) {
+        const auto file = files.find(name);
+        return file == files.end() ? std::vector<std::string_view>{}
+                                   : textLines(name, file->second, problems);
+    };
+
+    // bno.tre: chapters at depth 0, "CODE name" below; the 5-character codes a rule may name.
+    std::set<std::string, std::less<>> bnoCodes;
+    std::vector<std::string_view> nodes;
+    const std::vector<int> depths = treeDepths("bno.tre", linesOf("bno.tre"), problems, &nodes);
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        const std::string_view node = nodes[i];
+        if (depths[i] == 0) {
+            if (node.find(". fejezet: ") == std::string_view::npos)
+                problems.add("bno", at("bno.tre", i) + "a chapter is not \"N. fejezet: title\"");
+            continue;
+        }
+        const std::size_t blank = node.find(' ');
+        const std::string_view code = node.substr(0, blank), name = node.substr(std::min(blank, node.size()));
+        if (code.size() < 3 || code.size() > 5 || code[0] < 'A' || code[0] > 'Z' ||
+            !allOf(code, kCodeCharacters) || name.size() < 2 || name.size() > 171 ||
+            name.find('~') != std::string_view::npos)
+            problems.add(
+                "bno", at("bno.tre", i) + "not \"CODE name\" (code of 3 to 5 characters, name of 1 to 170)");
+        else if (code.size() == 5)
+            bnoCodes.emplace(code);
+    }
+    if (generated && files.count("bno.tre") && nodes.size() != bnoTreeNodeCount())
+        problems.add("bno", "bno.tre: " + std::to_string(nodes.size()) + " nodes, the vendored list makes " +
+                                std::to_string(bnoTreeNodeCount()));
+
+    // bnohr.dat: "KEY CODE", CODE a 5-character code of the tree or XXXXX.
+    std::set<std::string, std::less<>> rules, keys;
+    const std::vector<std::string_view> ruleLines = linesOf("bnohr.dat");
+    for (std::size_t i = 0; i < ruleLines.size(); ++i) {
+        const std::string_view line = ruleLines[i];
+        const std::size_t blank = line.find(' ');
+        const std::string_view code = line.substr(std::min(blank + 1, line.size()));
+        if (line.size() > 1023 || blank == 0 || blank == std::string_view::npos ||
+            (code != "XXXXX" && !bnoCodes.count(code)))
+            problems.add("bnohr", at("bnohr.dat", i) + "not \"KEY CODE\" with a code of bno.tre or XXXXX");
+        rules.emplace(line);
+        keys.emplace(line.substr(0, blank));
+    }
+
+    // tamttt.dat: "KEY;FLAGS;FEEKEY;FREEKEY", a 9-digit key once, 10 flags of 0 and 1, keys
+    // joined by ','.
+    std::set<std::string, std::less<>> drugKeys, drugLines;
+    const std::vector<std::string_view> drugs = linesOf("tamttt.dat");
+    for (std::size_t i = 0; i < drugs.size(); ++i) {
+        std::vector<std::string_view> fields;
+        for (std::size_t from = 0;;) {
+            const std::size_t semicolon = drugs[i].find(';', from);
+            fields.push_back(drugs[i].substr(from, semicolon - from));
+            if (semicolon == std::string_view::npos) break;
+            from = semicolon + 1;
+        }
+        const auto keyList = [](std::string_view list) {
+            return list.empty() ||
+                   (list.front() != ',' && list.back() != ',' && list.find(",,") == std::string_view::npos &&
+                    list.find(' ') == std::string_view::npos);
+        };
+        if (fields.size() != 4 || fields[0].size() != 9 || !allOf(fields[0], kDigits) ||
+            fields[1].size() != 10 || !allOf(fields[1], "01") || !keyList(fields[2]) || !keyList(fields[3]))
+            problems.add("tamttt",
+                         at("tamttt.dat", i) + "not \"KEY;FLAGS;FEEKEY;FREEKEY\" (9 digits, 10 flags)");
+        else if (!drugKeys.emplace(fields[0]).second)
+            problems.add("tamttt", at("tamttt.dat", i) + "drug key " + std::string(fields[0]) + " twice");
+        drugLines.emplace(drugs[i]);
+    }
+
+    // szvhr.dat: "KEY,QUALIFICATION;" with a 5-digit qualification.
+    std::set<std::string, std::less<>> qualifications;
+    const std::vector<std::string_view> pairs = linesOf("szvhr.dat");
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        const std::string_view line = pairs[i];
+        const std::size_t comma = line.rfind(',');
+        if (comma == 0 || comma == std::string_view::npos || line.size() != comma + 7 ||
+            !line.ends_with(';') || !allOf(line.substr(comma + 1, 5), kDigits))
+            problems.add("szvhr", at("szvhr.dat", i) + "not \"KEY,QUALIFICATION;\" (5 digits)");
+        qualifications.emplace(line);
+    }
+
+    // DsListT.txt: one dosage text a line.
+    const std::vector<std::string_view> dosages = linesOf("DsListT.txt");
+    for (std::size_t i = 0; i < dosages.size(); ++i)
+        if (dosages[i].empty() || dosages[i].size() > 255)
+            problems.add("dslist", at("DsListT.txt", i) + "empty or longer than 255 bytes");
+    if (!generated) return;
+
+    // The generator's rules for every point of rend.dat and its planted cases.
+    for (const std::string& code : regulationCodes)
+        if (!keys.count(code))
+            problems.add("bnohr", "bnohr.dat: no rule for the point " + code + " of rend.dat");
+    for (const char* rule :
+         {"EU901 E1190", "EU901 I10H0", "_EU902/a J4500", "_EU902/a I10H0", "EU903 XXXXX", "&EU904/a XXXXX"})
+        if (!rules.count(rule))
+            problems.add("planted", std::string("bnohr.dat: no planted rule \"") + rule + "\"");
+    if (keys.count(kPlantedRulelessKey)) problems.add("planted", "bnohr.dat: the rule-less point has a rule");
+    for (const char* drug :
+         {"900000001;1011111000;_EU902/a;EU901", "900000002;1011111000;EU901,_EU902/a;EU905,EU901",
+          "900000003;1011010000;;EU903", "900000004;1010000000;;", "900000005;1111111111;&EU904/a;EU903",
+          "900000006;1010100000;EU901;"})
+        if (!drugLines.count(drug))
+            problems.add("planted", std::string("tamttt.dat: no planted line \"") + drug + "\"");
+    if (drugKeys.count(kPlantedAbsentDrug)) problems.add("planted", "tamttt.dat: the absent drug has a line");
+    if (!qualifications.count(std::string(kPlantedFeeKey) + "," + kPlantedQualification + ";"))
+        problems.add("planted", "szvhr.dat: no planted qualification of " + std::string(kPlantedFeeKey));
 }
 
 // A product block as the checker needs it.
@@ -626,6 +758,8 @@ std::vector<std::string> Checker::run()
                 problems.add("rend", "gy.ful record " + std::to_string(p) + ": support code " + code +
                                          " not in rend.dat");
     treeDepths("rend2.ful", lines["rend2.ful"], problems);
+
+    checkPrescriptionFiles(m_directory, m_mode, regulationCodes, problems);
 
     // Closing date and settings.
     const auto& closing = lines["zaras.inf"];
