@@ -132,7 +132,8 @@ struct Probe {
     std::vector<std::int64_t> atcNodes;
 };
 
-std::string checkEngine(const StartupTables& tables, const Probe& probe, KhMode mode, std::int64_t node)
+// The interaction window's selection of the probe's drugs and contraindications.
+DrugSelection selectionOf(const Probe& probe)
 {
     DrugSelection selection;
     selection.resetForInteractionWindow();
@@ -140,6 +141,12 @@ std::string checkEngine(const StartupTables& tables, const Probe& probe, KhMode 
     selection.clearContraindications();
     for (const std::int32_t contraindication : probe.contraindications)
         (void)selection.addContraindication(contraindication);
+    return selection;
+}
+
+std::string checkEngine(const StartupTables& tables, const Probe& probe, KhMode mode, std::int64_t node)
+{
+    DrugSelection selection = selectionOf(probe);
     const KhRunResult result = KhRun(tables, selection, mode, node);
     if (result.found.size() > kKhFoundLimit) return "KhRun: more than 600 found";
     if (result.completed && result.listLines.size() != result.found.size())
@@ -156,9 +163,7 @@ std::string checkEngine(const StartupTables& tables, const Probe& probe, KhMode 
 
 std::string checkSearches(const StartupTables& tables, const Probe& probe)
 {
-    DrugSelection selection;
-    selection.resetForInteractionWindow();
-    for (const std::int32_t drug : probe.drugsTaken) (void)selection.addDrug(drug);
+    const DrugSelection selection = selectionOf(Probe{probe.drugsTaken, {}, {}});
     const auto valid = [&](const FoundDrugTable& table) {
         for (const FoundDrug& entry : table.entries())
             if (entry.record < 0 || static_cast<std::size_t>(entry.record) >= tables.productNames.size())
@@ -409,29 +414,31 @@ std::string runWithDeadline(const std::function<std::string()>& exercise)
     return {};
 }
 
-std::string runWithDeadline(const std::filesystem::path& directory, const Probe& probe)
+// Each file of `files` in `folder` damaged in every way and then removed, `run` after each damage.
+void damageEach(const ScratchDirectory& folder, const std::vector<std::string>& files,
+                const std::function<std::string()>& run)
 {
-    return runWithDeadline([&] { return exerciseEveryReader(directory, probe); });
+    ASSERT_EQ(runWithDeadline(run), "") << "the undamaged files";
+    const auto list = damages();
+    for (const std::string& file : files) {
+        const std::string intact = folder.read(file);
+        for (const Damage& damage : list) {
+            folder.write(file, damage.apply(intact));
+            EXPECT_EQ(runWithDeadline(run), "") << file << ", " << damage.what;
+        }
+        folder.remove(file);
+        EXPECT_EQ(runWithDeadline(run), "") << file << ", removed";
+        folder.write(file, intact);
+    }
 }
 
 void sweep(const ScratchDirectory& database, const Probe& probe)
 {
-    ASSERT_EQ(runWithDeadline(database.path(), probe), "") << "the undamaged database";
     std::vector<std::string> files;
     for (const auto& entry : std::filesystem::directory_iterator(database.path()))
         files.push_back(entry.path().filename().string());
     std::sort(files.begin(), files.end());
-    const auto list = damages();
-    for (const std::string& file : files) {
-        const std::string intact = database.read(file);
-        for (const Damage& damage : list) {
-            database.write(file, damage.apply(intact));
-            EXPECT_EQ(runWithDeadline(database.path(), probe), "") << file << ", " << damage.what;
-        }
-        database.remove(file);
-        EXPECT_EQ(runWithDeadline(database.path(), probe), "") << file << ", removed";
-        database.write(file, intact);
-    }
+    damageEach(database, files, [&] { return exerciseEveryReader(database.path(), probe); });
 }
 
 TEST(CorruptionSweep, TinyDatabaseSurvivesEveryDamageToEveryFile)
@@ -459,9 +466,7 @@ TEST(CorruptionSweep, GeneratedDatabaseSurvivesEveryDamageToEveryFile)
                       {0, 1, planted->contraindicatedGroupNode, planted->atcGroups - 1}};
     // On the undamaged files the probe reaches the findings, so the damaged runs read what they read.
     const StartupTables tables = loadStartupTables(database.path(), database.path() / "no-user.ini");
-    DrugSelection selection;
-    selection.resetForInteractionWindow();
-    for (const std::int32_t drug : probe.drugsTaken) (void)selection.addDrug(drug);
+    DrugSelection selection = selectionOf(Probe{probe.drugsTaken, {}, {}});
     const KhRunResult check = KhRun(tables, selection, KhMode::Check, 0);
     EXPECT_FALSE(check.completed) << "the over-long careful line stops the check";
     ASSERT_EQ(check.messages.size(), 1u);
@@ -487,20 +492,10 @@ TEST(CorruptionSweep, ImporterRefusesOrWritesAConsistentDatabaseFromEveryDamaged
         if (!report->problems.empty()) return "inconsistent output: " + report->problems.front();
         return exerciseEveryReader(output.path(), Probe{{0, 1}, {}, {0, 1}});
     };
-    ASSERT_EQ(runWithDeadline(import), "") << "the undamaged tables";
-    const auto list = damages();
-    for (const std::string_view relative :
-         {std::string_view("neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv"), kAtcBookFile,
-          kEuPointsFile, kEuTextsFile}) {
-        const std::string file(relative), original = source.read(file);
-        for (const Damage& damage : list) {
-            source.write(file, damage.apply(original));
-            EXPECT_EQ(runWithDeadline(import), "") << file << ", " << damage.what;
-        }
-        source.remove(file);
-        EXPECT_EQ(runWithDeadline(import), "") << file << ", removed";
-        source.write(file, original);
-    }
+    damageEach(source,
+               {"neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv", std::string(kAtcBookFile),
+                std::string(kEuPointsFile), std::string(kEuTextsFile)},
+               import);
 }
 
 }  // namespace

@@ -67,20 +67,10 @@ inline std::pair<std::string, std::string> indexPair(const std::vector<std::vect
     return {list, directory};
 }
 
+// Tree depth of an ATC group code of 1, 3, 4, 6 or 8 characters.
 inline int treeDepthOfAtc(const std::string& code)
 {
-    switch (code.size()) {
-        case 1:
-            return 0;
-        case 3:
-            return 1;
-        case 4:
-            return 2;
-        case 6:
-            return 3;
-        default:
-            return 4;
-    }
+    return code.size() == 1 ? 0 : code.size() == 3 ? 1 : code.size() == 4 ? 2 : code.size() == 6 ? 3 : 4;
 }
 
 inline void EngineDatabase::write(const ScratchDirectory& directory) const
