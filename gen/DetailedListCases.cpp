@@ -161,30 +161,24 @@ bool plantDetailedListCases(const std::filesystem::path& directory, PlantedCases
         if (other != members.end() && members.size() > 2) std::iter_swap(members.begin() + 2, other);
 
         const std::string supports = increasedCode + " 500," + highlightedCode + " 600";
+        // Categories "333" with all three fixed groups: the first package and the one elsewhere.
+        const Change allThree = {{{2, "9001"},
+                                  {3, "9002"},
+                                  {4, "9003"},
+                                  {5, "333"},
+                                  {6, supports},
+                                  {12, increasedCode},
+                                  {13, highlightedCode}},
+                                 "",
+                                 ""};
         std::int32_t* slots[] = {&cases.minusCategories, &cases.allThreeGroups,      &cases.allThreeElsewhere,
                                  &cases.fiveAndSix,      &cases.fivesAndSixes,       &cases.leadingZeroId,
                                  &cases.groupIdZero,     &cases.increasedAbovePrice, &cases.decimalDoses,
                                  &cases.freePackage};
         const Change changes[] = {
             {{{2, "9001"}, {3, "9002"}, {4, "9003"}, {5, "-33"}}, "", ""},
-            {{{2, "9001"},
-              {3, "9002"},
-              {4, "9003"},
-              {5, "333"},
-              {6, supports},
-              {12, increasedCode},
-              {13, highlightedCode}},
-             "",
-             ""},
-            {{{2, "9001"},
-              {3, "9002"},
-              {4, "9003"},
-              {5, "333"},
-              {6, supports},
-              {12, increasedCode},
-              {13, highlightedCode}},
-             "",
-             ""},
+            allThree,
+            allThree,
             {{{2, "9001"}, {3, "0"}, {4, "0"}, {5, "356"}}, "", ""},
             {{{2, "0"}, {3, "0"}, {4, "0"}, {5, "565"}}, "", ""},
             {{{2, "0"},
