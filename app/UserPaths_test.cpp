@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
+#include "tests/support/ScopedEnvironment.h"
 #include "tests/support/ScratchDirectory.h"
 
 namespace rovanel
@@ -27,14 +26,12 @@ TEST(PublicCareTextPath, ReadsKgyTxtPathOrGivesEmptyText)
 
 TEST(UserConfigDirectory, FollowsTheOverrideThenXdgThenHome)
 {
-    const char* saved = std::getenv("ROVANEL_CONFIG_DIR");
-    const std::string keep = saved ? saved : "";
-    ::setenv("ROVANEL_CONFIG_DIR", "/tmp/rovanel-own", 1);
+    testing::ScopedEnvironment environment;
+    environment.set("ROVANEL_CONFIG_DIR", "/tmp/rovanel-own");
     EXPECT_EQ(userIniPath(), std::filesystem::path("/tmp/rovanel-own/RV.INI"));
-    ::unsetenv("ROVANEL_CONFIG_DIR");
-    ::setenv("XDG_CONFIG_HOME", "/tmp/xdg", 1);
+    environment.set("ROVANEL_CONFIG_DIR", std::nullopt);
+    environment.set("XDG_CONFIG_HOME", "/tmp/xdg");
     EXPECT_EQ(userConfigDirectory(), std::filesystem::path("/tmp/xdg/rovanel"));
-    if (saved) ::setenv("ROVANEL_CONFIG_DIR", keep.c_str(), 1);
 }
 
 }  // namespace

@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "app/IniFile.h"
 #include "db/Cp1250.h"
 #include "rx/DsList.h"
 #include "rx/PatientData.h"
+#include "tests/support/ScopedEnvironment.h"
 #include "tests/support/ScratchDirectory.h"
 
 namespace rovanel
@@ -188,14 +187,14 @@ TEST(DosageList, TheTemplateIsCopiedOnceAndNeverOverwrites)
 TEST(PatientData, PathComesFromTheSettingsAndStaysOutOfTheDatabase)
 {
     testing::ScratchDirectory data, user;
-    setenv("ROVANEL_CONFIG_DIR", user.path().c_str(), 1);
+    testing::ScopedEnvironment environment;
+    environment.set("ROVANEL_CONFIG_DIR", user.path().string());
     EXPECT_EQ(patientDataPath(data.path()), user.path() / "beteg.ini");
     data.write("RV.INI", "[Rovanel Beallitasok]\r\nBetegAdatokIniPath=c:\\klinora\\klinbeteg.ini\r\n");
     EXPECT_EQ(patientDataPath(data.path()), user.path() / "klinbeteg.ini");
     data.write("RV.INI",
                "[Rovanel Beallitasok]\r\nBetegAdatokIniPath=" + (data.path() / "b.ini").string() + "\r\n");
     EXPECT_EQ(patientDataPath(data.path()), data.path() / "b.ini");
-    unsetenv("ROVANEL_CONFIG_DIR");
 }
 
 }  // namespace
