@@ -206,53 +206,29 @@ TEST(KhRunCheck, EveryLimitStopsTheRunWithItsMessage)
         std::optional<Message> expected;
     };
     const std::string caption81 = cp("Kölcsönhatás vizsgálat");
+    const auto stop = [&](const char* text, const std::string& caption, bool careful) {
+        return std::optional<Message>(Message{cp(text), caption, MessageIcon::Stop, careful});
+    };
+    const auto tooLong = "Hibás kód a gyógyszer leírásában: a kódsor 10 karakternél hosszabb.";
+    const auto careful101 =
+        stop("Egy gyógyszernél 100-nál több óvatossági kód van, a vizsgálat leáll.", caption81, true);
+    const auto careful401 = stop(
+        "A szedett gyógyszerek óvatossági kódjai 400-nál többen vannak, a vizsgálat leáll.", caption81, true);
+    const auto avoid101 =
+        stop("Egy gyógyszernél 100-nál több kerülendő kód van, a vizsgálat leáll.", "Z0200", false);
+    const auto avoid401 = stop(
+        "A szedett gyógyszerek kerülendő kódjai 400-nál többen vannak, a vizsgálat leáll.", caption81, false);
     const Case cases[] = {
         {"100 careful codes in one drug", {100}, {}, "", "", std::nullopt},
-        {"101 careful codes in one drug",
-         {101},
-         {},
-         "",
-         "",
-         Message{cp("Egy gyógyszernél 100-nál több óvatossági kód van, a vizsgálat leáll."), caption81,
-                 MessageIcon::Stop, true}},
+        {"101 careful codes in one drug", {101}, {}, "", "", careful101},
         {"400 pooled careful codes", {100, 100, 100, 100}, {}, "", "", std::nullopt},
-        {"401 pooled careful codes",
-         {100, 100, 100, 100, 1},
-         {},
-         "",
-         "",
-         Message{cp("A szedett gyógyszerek óvatossági kódjai 400-nál többen vannak, a vizsgálat leáll."),
-                 caption81, MessageIcon::Stop, true}},
+        {"401 pooled careful codes", {100, 100, 100, 100, 1}, {}, "", "", careful401},
         {"100 avoid codes in one drug", {}, {100}, "", "", std::nullopt},
-        {"101 avoid codes in one drug",
-         {},
-         {101},
-         "",
-         "",
-         Message{cp("Egy gyógyszernél 100-nál több kerülendő kód van, a vizsgálat leáll."), "Z0200",
-                 MessageIcon::Stop, false}},
-        {"401 pooled avoid codes",
-         {},
-         {100, 100, 100, 100, 1},
-         "",
-         "",
-         Message{cp("A szedett gyógyszerek kerülendő kódjai 400-nál többen vannak, a vizsgálat leáll."),
-                 caption81, MessageIcon::Stop, false}},
+        {"101 avoid codes in one drug", {}, {101}, "", "", avoid101},
+        {"401 pooled avoid codes", {}, {100, 100, 100, 100, 1}, "", "", avoid401},
         {"careful code of 10 characters", {}, {}, "Z012345678", "", std::nullopt},
-        {"careful code of 11 characters",
-         {},
-         {},
-         "Z0123456789",
-         "",
-         Message{cp("Hibás kód a gyógyszer leírásában: a kódsor 10 karakternél hosszabb."), "Z0123456789",
-                 MessageIcon::Stop, true}},
-        {"avoid code of 11 characters",
-         {},
-         {},
-         "",
-         "Y0123456789",
-         Message{cp("Hibás kód a gyógyszer leírásában: a kódsor 10 karakternél hosszabb."), "Y0123456789",
-                 MessageIcon::Stop, false}},
+        {"careful code of 11 characters", {}, {}, "Z0123456789", "", stop(tooLong, "Z0123456789", true)},
+        {"avoid code of 11 characters", {}, {}, "", "Y0123456789", stop(tooLong, "Y0123456789", false)},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);

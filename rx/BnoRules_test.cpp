@@ -21,9 +21,13 @@ constexpr std::string_view kRules =
     "no-blank-line\r\n"
     " E1190\r\n";
 
+constexpr const char* kAccepted = "accepted";
+constexpr const char* kNotInRules = "Hiba: Rendeletben nem szereplő BNO kód";
+constexpr const char* kNoRules = "Hiba: Nincs hozzárendelt BNO kód";
+
 std::string text(const std::optional<Message>& message)
 {
-    return message ? cp1250ToUtf8(message->text) : std::string("accepted");
+    return message ? cp1250ToUtf8(message->text) : std::string(kAccepted);
 }
 
 TEST(BnoCheck, EveryPathEndsInItsOwnMessage)
@@ -38,84 +42,34 @@ TEST(BnoCheck, EveryPathEndsInItsOwnMessage)
     };
     const Case cases[] = {
         // Simple mode: neither key holds a comma.
-        {"free key admits its code", {"EU10", "_EU13/b"}, "E1190", false, 3, "accepted"},
-        {"fee key admits its code", {"EU10", "_EU13/b"}, "J4500", true, 3, "accepted"},
-        {"free key, code of no rule",
-         {"EU10", "_EU13/b"},
-         "K2900",
-         false,
-         3,
-         "Hiba: Rendeletben nem szereplő BNO kód"},
-        {"fee key, code only the free key has",
-         {"EU10", "_EU13/b"},
-         "E1190",
-         true,
-         3,
-         "Hiba: Rendeletben nem szereplő BNO kód"},
-        {"wildcard admits any code", {"EU20", ""}, "K2900", false, 3, "accepted"},
-        {"fee wildcard admits any code", {"", "&EU16/a"}, "Z0000", true, 3, "accepted"},
-        {"key on no line", {"EU99", ""}, "E1190", false, 3, "Hiba: Nincs hozzárendelt BNO kód"},
-        {"free slot holding a 90 % key",
-         {"_EU13/b", ""},
-         "K2900",
-         false,
-         3,
-         "Csak térítéskötelesre rendelhető"},
-        {"fee slot holding a free key", {"", "EU10"}, "K2900", true, 3, "Csak térítésmentesre rendelhető"},
-        {"fee slot holding a free key still admits in simple mode",
-         {"", "EU10"},
-         "E1190",
-         true,
-         3,
-         "accepted"},
+        {"free key admits its code", {"EU10", "_EU13/b"}, "E1190", false, 3, kAccepted},
+        {"fee key admits its code", {"EU10", "_EU13/b"}, "J4500", true, 3, kAccepted},
+        {"free key, code of no rule", {"EU10", "_EU13/b"}, "K2900", false, 3, kNotInRules},
+        {"fee key, code only the free key has", {"EU10", "_EU13/b"}, "E1190", true, 3, kNotInRules},
+        {"wildcard admits any code", {"EU20", ""}, "K2900", false, 3, kAccepted},
+        {"fee wildcard admits any code", {"", "&EU16/a"}, "Z0000", true, 3, kAccepted},
+        {"key on no line", {"EU99", ""}, "E1190", false, 3, kNoRules},
+        {"free slot, 90 % key", {"_EU13/b", ""}, "K2900", false, 3, "Csak térítéskötelesre rendelhető"},
+        {"fee slot, free key", {"", "EU10"}, "K2900", true, 3, "Csak térítésmentesre rendelhető"},
+        {"fee slot, free key: still admits in simple mode", {"", "EU10"}, "E1190", true, 3, kAccepted},
         {"both keys empty", {"", ""}, "E1190", false, 3, "Nem rendelhető rendelet szerinti támogatással."},
-        {"medical aid, no keys at all", {"", ""}, "", false, 2, "accepted"},
+        {"medical aid, no keys at all", {"", ""}, "", false, 2, kAccepted},
         // Five-character prefix match, shorter codes compared to their end.
-        {"longer entered code matches its first five", {"EU10", ""}, "E11901", false, 3, "accepted"},
-        {"four characters do not match five",
-         {"EU10", ""},
-         "E119",
-         false,
-         3,
-         "Hiba: Rendeletben nem szereplő BNO kód"},
+        {"longer entered code matches its first five", {"EU10", ""}, "E11901", false, 3, kAccepted},
+        {"four characters do not match five", {"EU10", ""}, "E119", false, 3, kNotInRules},
         // List mode: a comma in either key.
-        {"list: a fee key with its prefix admits",
-         {"EU10,EU20", "EU10,_EU13/b"},
-         "J4500",
-         true,
-         3,
-         "accepted"},
-        {"list: a fee key without prefix never admits",
-         {"EU10,EU20", "EU10,_EU13/b"},
-         "E1190",
-         true,
-         3,
-         "Hiba: Rendeletben nem szereplő BNO kód"},
-        {"list: only unprefixed fee keys see no rule",
-         {"", "EU10,EU20"},
-         "E1190",
-         true,
-         3,
-         "Hiba: Nincs hozzárendelt BNO kód"},
-        {"list: a free key admits whatever its first character",
-         {"_EU13/b,EU99", ""},
-         "J4500",
-         false,
-         3,
-         "accepted"},
-        {"list: free keys without a free rule",
-         {"EU99,EU98", "_EU13/b"},
-         "J4500",
-         false,
-         3,
-         "Hiba: Nincs hozzárendelt BNO kód"},
-        {"list: free wildcard in the list", {"EU99,EU20", ""}, "A0000", false, 3, "accepted"},
+        {"list: prefixed fee key admits", {"EU10,EU20", "EU10,_EU13/b"}, "J4500", true, 3, kAccepted},
+        {"list: unprefixed fee key never", {"EU10,EU20", "EU10,_EU13/b"}, "E1190", true, 3, kNotInRules},
+        {"list: only unprefixed fee keys see no rule", {"", "EU10,EU20"}, "E1190", true, 3, kNoRules},
+        {"list: free key admits whatever its prefix", {"_EU13/b,EU99", ""}, "J4500", false, 3, kAccepted},
+        {"list: free keys without a free rule", {"EU99,EU98", "_EU13/b"}, "J4500", false, 3, kNoRules},
+        {"list: free wildcard in the list", {"EU99,EU20", ""}, "A0000", false, 3, kAccepted},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         const BnoCheckResult result = checkBnoText(kRules, c.keys, c.code, c.feePaying, c.source);
         EXPECT_EQ(text(result.message), c.expected);
-        EXPECT_EQ(result.accepted, std::string_view(c.expected) == "accepted");
+        EXPECT_EQ(result.accepted, std::string_view(c.expected) == kAccepted);
     }
 }
 

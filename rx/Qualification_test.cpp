@@ -65,37 +65,17 @@ TEST(Qualification, CheckOutcomesInOrder)
         bool accepted;
         const char* message;
     };
+    const char* unknown =
+        "A program nem tudta megállapítani az Ön szakképesítését, ellenőrizze rendelet szövege szerinti "
+        "felirási jogsultságát!";
+    const char* refused = "Az adott szakképesítéssel EÜ támogatással nem rendelhető";
+    const char* recommended = "A rendelet szövege szerinti szakképesítéssel rendelhető szakorvosi javaslatra";
     const Case cases[] = {
-        {"no qualification known",
-         {},
-         "90%  EU13/b",
-         "",
-         "0",
-         true,
-         "A program nem tudta megállapítani az Ön szakképesítését, ellenőrizze rendelet szövege szerinti "
-         "felirási jogsultságát!"},
+        {"no qualification known", {}, "90%  EU13/b", "", "0", true, unknown},
         {"qualified", {"00101", "00301"}, "90%  EU13/b", "", "0", true, ""},
-        {"qualified for another point only",
-         {"00401"},
-         "90%  EU13/b",
-         "",
-         "1",
-         false,
-         "Az adott szakképesítéssel EÜ támogatással nem rendelhető"},
-        {"on a specialist's recommendation",
-         {"00401"},
-         "90%  EU13/b",
-         "12345",
-         "1",
-         true,
-         "A rendelet szövege szerinti szakképesítéssel rendelhető szakorvosi javaslatra"},
-        {"recommendation, but the drug does not allow it",
-         {"00401"},
-         "90%  EU13/b",
-         "12345",
-         "0",
-         false,
-         "Az adott szakképesítéssel EÜ támogatással nem rendelhető"},
+        {"qualified for another point only", {"00401"}, "90%  EU13/b", "", "1", false, refused},
+        {"on a specialist's recommendation", {"00401"}, "90%  EU13/b", "12345", "1", true, recommended},
+        {"recommendation the drug does not allow", {"00401"}, "90%  EU13/b", "12345", "0", false, refused},
         {"a free point", {"00401"}, "100% EU10", "", "0", true, ""},
     };
     for (const Case& c : cases) {
