@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "db/Cp1250.h"
 #include "db/MessageCatalog.h"
 #include "db/MessageTable.h"
@@ -22,12 +24,11 @@ MessageTable messages()
     return MessageTable::parse(content);
 }
 
-// A se.dat line from its first fields; the rest stay absent.
-std::string aidLine(std::initializer_list<std::string_view> fields)
+// A se.dat line from its first fields joined by '|'; the rest stay absent.
+std::string aidLine(std::string fields)
 {
-    std::string line;
-    for (const std::string_view field : fields) line += (line.empty() ? "" : "\t") + std::string(field);
-    return line;
+    std::replace(fields.begin(), fields.end(), '|', '\t');
+    return fields;
 }
 
 const std::string kStandard =
@@ -43,40 +44,32 @@ TEST(DescribeAid, BuildsEveryLineWithItsOwnBlanksAndCommas)
     const std::string tail =
         "\r\n---Felírható mennyiség: Normativ=1 ,emelt=2,kiemelt=3"
         "\r\n---Kihordási idő: Normativ=12, emelt= 24,kiemelt=36  hónap";
+    const std::string unsupported = "\r\n - Nem támogatott termék, nincs árinformáció - ";
+    const std::string noQuantities =
+        "\r\n---Felírható mennyiség: Normativ= ,emelt=,kiemelt=\r\n---Kihordási idő: Normativ=, emelt= "
+        ",kiemelt=  hónap";
     const Case cases[] = {
-        {"supported, standard note",
-         aidLine({"0101", "Járókeret", "darab", "12345", "9000", "3345", "0", "0", "0", "0", "I", "1", "2",
-                  "3", "12", "24", "36"}),
+        {"supported, standard note", aidLine("0101|Járókeret|darab|12345|9000|3345|0|0|0|0|I|1|2|3|12|24|36"),
          "Járókeret darab\r\nBruttó ár: 12345Ft\tTámogatás: 9000Ft\tTérítési díj: 3345Ft" + kStandard + tail},
         {"support 0: no prices, quantities still shown",
-         aidLine({"0101", "Járókeret", "darab", "12345", "0", "12345", "0", "0", "0", "0", "N", "1", "2", "3",
-                  "12", "24", "36"}),
-         "Járókeret darab\r\n - Nem támogatott termék, nincs árinformáció - " + tail},
-        {"support empty",
-         aidLine(
-             {"0101", "Bot", "db", "500", "", "500", "", "", "", "", "N", "1", "2", "3", "12", "24", "36"}),
-         "Bot db\r\n - Nem támogatott termék, nincs árinformáció - " + tail},
+         aidLine("0101|Járókeret|darab|12345|0|12345|0|0|0|0|N|1|2|3|12|24|36"),
+         "Járókeret darab" + unsupported + tail},
+        {"support empty", aidLine("0101|Bot|db|500||500|||||N|1|2|3|12|24|36"),
+         "Bot db" + unsupported + tail},
         {"increased and highlighted supports as whole numbers",
-         aidLine({"0101", "Bot", "db", "500.7", "400", "100", "50x", "450", "20", "480", "N", "1", "2", "3",
-                  "12", "24", "36"}),
+         aidLine("0101|Bot|db|500.7|400|100|50x|450|20|480|N|1|2|3|12|24|36"),
          "Bot db\r\nBruttó ár: 500Ft\tTámogatás: 400Ft\tTérítési díj: 100Ft"
          "\r\nFizetendő emelt indikációra: 50 Támogatás emelt indikációra: 450"
          "\r\nFizetendő kiemelt indikációra: 20 Támogatás kiemelt indikációra: 480" +
              tail},
-        {"mark field absent: the standard note applies", aidLine({"0101", "Bot", "db", "500", "0"}),
-         "Bot db\r\n - Nem támogatott termék, nincs árinformáció - " + kStandard +
-             "\r\n---Felírható mennyiség: Normativ= ,emelt=,kiemelt=\r\n---Kihordási idő: Normativ=, emelt= "
-             ",kiemelt=  hónap"},
+        {"mark field absent: the standard note applies", aidLine("0101|Bot|db|500|0"),
+         "Bot db" + unsupported + kStandard + noQuantities},
         {"\\\\ in any field is a line break",
-         aidLine({"0101", "Bot\\\\fa", "db", "500", "0", "", "", "", "", "", "N", "1\\\\pár: 2", "2", "3",
-                  "12", "24", "36"}),
+         aidLine("0101|Bot\\\\fa|db|500|0||||||N|1\\\\pár: 2|2|3|12|24|36"),
          "Bot\r\nfa db\r\n - Nem támogatott termék, nincs árinformáció - "
          "\r\n---Felírható mennyiség: Normativ=1\r\npár: 2 ,emelt=2,kiemelt=3"
          "\r\n---Kihordási idő: Normativ=12, emelt= 24,kiemelt=36  hónap"},
-        {"only code", "0101",
-         " \r\n - Nem támogatott termék, nincs árinformáció - " + kStandard +
-             "\r\n---Felírható mennyiség: Normativ= ,emelt=,kiemelt=\r\n---Kihordási idő: Normativ=, emelt= "
-             ",kiemelt=  hónap"},
+        {"only code", "0101", " " + unsupported + kStandard + noQuantities},
     };
     const MessageTable table = messages();
     for (const Case& c : cases) {
@@ -95,7 +88,7 @@ TEST(DescribeAid, NotesApplyByPrefixInFileOrderAndStopAtTheFirstCodeAfterTheAid)
                          "0101019\t5\ttúl hosszú kód\r\n"
                          "02\t1\tmásik osztály\r\n"
                          "01\t9\tnem rendezett: soha\r\n"));
-    const std::string line = aidLine({"010101001", "Bot", "db", "5", "0", "", "", "", "", "", "N"});
+    const std::string line = aidLine("010101001|Bot|db|5|0||||||N");
     const std::string text = utf8(describeAid(cp(line), notes, messages()));
     const std::string expectedNotes =
         "\r\n---Normatív---\r\n osztály"
