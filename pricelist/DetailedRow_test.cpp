@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "db/Cp1250.h"
 
 namespace rovanel
@@ -46,55 +48,35 @@ TEST(GetDailyPrice, PricesAndDailyCostsFollowTheirFormats)
 {
     struct Case {
         const char* what;
-        std::string price, normative, doses, supports;
+        std::string product;  // full price|normative support|doses|supports
         std::vector<std::pair<int, std::string>> cells;
     };
     const Case cases[] = {
-        {"plain normative support",
-         "1000",
-         "800",
-         "10",
-         "-",
-         {{1, "1000"}, {2, "800"}, {3, "200"}, {4, "20.0"}}},
-        {"full price 0: payable 0, no daily cost", "0", "0", "10", "-", {{2, ""}, {3, "0"}, {4, ""}}},
-        {"normative support 0 shows empty", "1000", "0", "3", "-", {{2, ""}, {3, "1000"}, {4, "333.3"}}},
-        {"dose count with a decimal comma", "1000", "400", "1,5", "-", {{3, "600"}, {4, "400.0"}}},
-        {"no doses: no daily cost", "1000", "400", "0", "-", {{3, "600"}, {4, ""}}},
-        {"support above the price: no daily cost", "1000", "1200", "10", "-", {{3, "-200"}, {4, ""}}},
-        {"payable keeps only its integer part", "999.9", "0.5", "2", "-", {{3, "999"}, {4, "499.5"}}},
+        {"plain normative support", "1000|800|10|-", {{1, "1000"}, {2, "800"}, {3, "200"}, {4, "20.0"}}},
+        {"full price 0: payable 0, no daily cost", "0|0|10|-", {{2, ""}, {3, "0"}, {4, ""}}},
+        {"normative support 0 shows empty", "1000|0|3|-", {{2, ""}, {3, "1000"}, {4, "333.3"}}},
+        {"dose count with a decimal comma", "1000|400|1,5|-", {{3, "600"}, {4, "400.0"}}},
+        {"no doses: no daily cost", "1000|400|0|-", {{3, "600"}, {4, ""}}},
+        {"support above the price: no daily cost", "1000|1200|10|-", {{3, "-200"}, {4, ""}}},
+        {"payable keeps only its integer part", "999.9|0.5|2|-", {{3, "999"}, {4, "499.5"}}},
         {"increased support above the full price goes negative",
-         "1000",
-         "800",
-         "10",
-         "_EU1/a 1500",
+         "1000|800|10|_EU1/a 1500",
          {{7, "1500"}, {8, "-500"}, {9, "-50.0"}, {12, ""}}},
-        {"highlighted support",
-         "1000",
-         "800",
-         "4",
-         "EU5 700",
-         {{7, ""}, {12, "700"}, {13, "300"}, {14, "75.0"}}},
+        {"highlighted support", "1000|800|4|EU5 700", {{7, ""}, {12, "700"}, {13, "300"}, {14, "75.0"}}},
         {"a later entry of a kind wins",
-         "1000",
-         "800",
-         "10",
-         "_A 100,&B 200,C 300,D 400",
+         "1000|800|10|_A 100,&B 200,C 300,D 400",
          {{7, "200"}, {8, "800"}, {12, "400"}, {13, "600"}}},
         {"increased support without doses: no daily cost",
-         "1000",
-         "800",
-         "0",
-         "*E 100",
+         "1000|800|0|*E 100",
          {{7, "100"}, {8, "900"}, {9, ""}}},
-        {"support amount 0 leaves the cells empty", "1000", "800", "10", "_A 0", {{7, ""}, {8, ""}, {9, ""}}},
+        {"support amount 0 leaves the cells empty", "1000|800|10|_A 0", {{7, ""}, {8, ""}, {9, ""}}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         Product product;
-        product.price = c.price;
-        product.normative = c.normative;
-        product.doses = c.doses;
-        product.supports = c.supports;
+        std::istringstream fields(c.product);
+        for (std::string* field : {&product.price, &product.normative, &product.doses, &product.supports})
+            std::getline(fields, *field, '|');
         FixedGroupState groups;
         const DetailedRow row = rowOf(product, groups);
         for (const auto& [column, text] : c.cells) EXPECT_EQ(row.cells[column], text) << "column " << column;
