@@ -270,32 +270,14 @@ TEST(DatabaseCheck, ReportsEachKindOfDamage)
     const Case cases[] = {
         {"missing file", "zaras.inf", [](std::string) { return std::string("\x01"); }, "zaras.inf"},
         {"list entry changed", "atcind.dat",
-         [](std::string s) {
-             s[0] = s[0] == '1' ? '2' : '1';
-             return s;
-         },
-         "atcind.dat"},
+         [](std::string s) { return (s[0] == '1' ? "2" : "1") + s.substr(1); }, "atcind.dat"},
         {"count too large", "inf.dat", [](std::string s) { return "9" + s; }, "nevrend.dat"},
-        {"marker renamed", "gy.ful",
-         [](std::string s) {
-             s.replace(s.find("#til"), 4, "#tol");
-             return s;
-         },
-         "marker"},
-        {"bare LF", "nevrend.dat",
-         [](std::string s) {
-             s[48] = ' ';
-             return s;
-         },
-         "nevrend.dat"},
+        {"marker renamed", "gy.ful", [](std::string s) { return replaced(s, "#til", "#tol"); }, "marker"},
+        {"bare LF", "nevrend.dat", [](std::string s) { return s.replace(48, 1, " "); }, "nevrend.dat"},
         {"short MSG.DAT", "MSG.DAT", [](std::string s) { return s.substr(0, s.find("\r\n") + 2); },
          "fewer than 150"},
         {"duplicate product code", "KOD.DAT",
-         [](std::string s) {
-             s.replace(10, 10, s.substr(0, 10));
-             return s;
-         },
-         "duplicate"},
+         [](std::string s) { return s.replace(10, 10, s.substr(0, 10)); }, "duplicate"},
         {"tree depth jump", "mhnren2.dat", [](std::string s) { return "\t\t" + s; }, "mhnren2.dat"},
         {"missing BNO tree", "bno.tre", [](std::string) { return std::string("\x01"); }, "bno.tre: missing"},
         {"missing dosage template, any database", "DsListT.txt",
