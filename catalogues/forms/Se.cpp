@@ -17,7 +17,6 @@
 #include <QVBoxLayout>
 
 #include "catalogues/MedicalAids.h"
-#include "catalogues/forms/ListFilter.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 #include "db/SharedState.h"
@@ -258,5 +257,5 @@ void TSegedeszk::SeListClick()
     if (!row) return;
     const auto description = rovanel::aidDescription(*m_catalogue, m_state.tables.messages, m_listedNode,
                                                      row->text(1).toStdString());
-    m_description->setPlainText(description ? boxText(*description) : QString());
+    m_description->setPlainText(description ? rovanel::forms::boxText(*description) : QString());
 }
