@@ -15,6 +15,7 @@
 #include "views/forms/kit/NameList.h"
 #include "views/forms/kit/StyledText.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 using rovanel::forms::fromCp1250;
 
@@ -37,7 +38,7 @@ TFoNoForm::TFoNoForm(rovanel::SharedState& state, QWidget* parent)
 {
     setObjectName("FoNoForm");
     setWindowTitle(QStringLiteral("FoNo"));
-    resize(900, 600);
+    rovanel::forms::rememberGeometry(this, QSize(900, 600));
     auto* panel = new QWidget(this);
     panel->setObjectName("Panel1");
     m_tree = new QTreeWidget(panel);

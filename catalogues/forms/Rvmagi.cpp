@@ -12,6 +12,7 @@
 #include "views/forms/kit/Lists.h"
 #include "views/forms/kit/NameList.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 using rovanel::forms::boxText;
 using rovanel::forms::button;
@@ -21,7 +22,7 @@ TMagiForm::TMagiForm(rovanel::SharedState& state, QWidget* parent) : QWidget(par
 {
     setObjectName("MagiForm");
     setWindowTitle(QStringLiteral("Saját Magi receptek"));
-    resize(640, 480);
+    rovanel::forms::rememberGeometry(this, QSize(640, 480));
     m_names = new rovanel::forms::NameList("MagiList", this);
     auto* add = button("MagiAdd", QStringLiteral("Hozzáad"), this);
     auto* del = button("MagiDel", QStringLiteral("Töröl"), this);

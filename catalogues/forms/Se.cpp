@@ -22,6 +22,7 @@
 #include "db/SharedState.h"
 #include "views/forms/kit/Lists.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 using rovanel::forms::fromCp1250;
 
@@ -54,7 +55,7 @@ TSegedeszk::TSegedeszk(rovanel::SharedState& state, QWidget* parent)
 {
     setObjectName("Segedeszk");
     setWindowTitle(QStringLiteral("Gyógyászati segédeszközök"));
-    resize(900, 640);
+    rovanel::forms::rememberGeometry(this, QSize(900, 640));
 
     m_tree = new QTreeWidget(this);
     m_tree->setObjectName("SeTree");

@@ -25,6 +25,7 @@
 #include "pricelist/AtcTreeSearch.h"
 #include "pricelist/forms/RefListModel.h"
 #include "views/forms/kit/NameList.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 using rovanel::forms::fromCp1250;
 
@@ -60,7 +61,7 @@ TRefForm::TRefForm(rovanel::SharedState& state, rovanel::RegistryStore& registry
     setObjectName("RefForm");
     setWindowTitle(QStringLiteral("Részletes lista"));
     setHelpContext(this, kHelpContext);
-    resize(1100, 700);
+    rovanel::forms::rememberGeometry(this, QSize(1100, 700));
 
     AtcTree = new QTreeWidget(this);
     AtcTree->setObjectName("AtcTree");
@@ -144,6 +145,7 @@ TRefForm::TRefForm(rovanel::SharedState& state, rovanel::RegistryStore& registry
     RefLst->verticalHeader()->setDefaultSectionSize(RefLst->fontMetrics().height() + 6);
     RefLst->horizontalHeader()->setSectionsClickable(true);
     RefLst->horizontalHeader()->setHighlightSections(false);
+    RefLst->horizontalHeader()->setTextElideMode(Qt::ElideRight);
 
     // Layout: the tree on the left, the searches and buttons beside it, the list below both.
     auto* controls = new QVBoxLayout;

@@ -362,6 +362,17 @@ void TestRvmain::helpKeyOpensTheMainWindowPage()
     QVERIFY(helpPagePath(100).endsWith("help/100.html"));
     QVERIFY(QFile::exists(helpPagePath(100)));
     QVERIFY(helpPagePath(99999).endsWith("help/index.html"));
+
+    // The real help window: F1 opens it on the page, Escape closes it.
+    QTest::keyClick(&main, Qt::Key_F1);
+    QWidget* help = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == "HelpBrowser") help = window;
+    QVERIFY(help);
+    QTRY_VERIFY(help->isVisible());
+    QVERIFY(QTest::qWaitForWindowActive(help));
+    QTest::keyClick(help, Qt::Key_Escape);
+    QVERIFY(!help->isVisible());
 }
 
 void TestRvmain::closingReleasesTheTablesAndEndsTheProgram()
