@@ -86,8 +86,13 @@ void TestRvkh::twentyDrugsAndThe21stIsRefusedSameDrugTwiceIsSilent()
     MessageRecorder messages;
     addDrug(form, 0);
     addDrug(form, 0);
-    QCOMPARE(control<QListWidget>(form, "KhSzedettGyList")->count(), 1);
+    auto* taken = control<QListWidget>(form, "KhSzedettGyList");
+    QCOMPARE(taken->count(), 1);
     QVERIFY(messages.texts().isEmpty());
+    // A long name is cut with "…" in its line and shown whole in the line's tooltip.
+    QCOMPARE(taken->textElideMode(), Qt::ElideRight);
+    QCOMPARE(taken->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+    QCOMPARE(taken->item(0)->toolTip(), taken->item(0)->text());
     for (int i = 1; i < 21; ++i) addDrug(form, i);
     QCOMPARE(control<QListWidget>(form, "KhSzedettGyList")->count(), 20);
     QCOMPARE(messages.texts(), QStringList{QStringLiteral("Legföljebb 20 gyógyszer adható")});
