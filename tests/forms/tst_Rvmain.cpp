@@ -69,7 +69,6 @@ private slots:
     void duplicateCtrlRAndMnemonicR();
     void titleCarriesClosingDateAndAgeWarning_data();
     void titleCarriesClosingDateAndAgeWarning();
-    void missingDatabaseFileLeavesTitleAlone();
     void parametersChooseWhatOpens_data();
     void parametersChooseWhatOpens();
     void cleanProfileGetsEveryRegistryDefault();
@@ -234,9 +233,10 @@ void TestRvmain::duplicateCtrlRAndMnemonicR()
 
 void TestRvmain::titleCarriesClosingDateAndAgeWarning_data()
 {
-    QTest::addColumn<int>("months");
+    QTest::addColumn<int>("months");  // -1: no gy.ful, the title stays as it is
     QTest::addColumn<QString>("suffix");
     QTest::addColumn<QStringList>("messages");
+    QTest::newRow("no database file") << -1 << QString() << QStringList{};
     QTest::newRow("two months") << 2 << QString() << QStringList{};
     QTest::newRow("four months") << 4 << QString::fromUtf8(" - Az adatbázis veszített aktualitásából! ")
                                  << QStringList{kMilder};
@@ -250,21 +250,17 @@ void TestRvmain::titleCarriesClosingDateAndAgeWarning()
     QFETCH(int, months);
     QFETCH(QString, suffix);
     QFETCH(QStringList, messages);
-    setDatabaseAge(*m_data, months);
+    if (months < 0)
+        m_data->remove("gy.ful");
+    else
+        setDatabaseAge(*m_data, months);
     TMain main({});
-    QCOMPARE(main.windowTitle(), QString::fromUtf8("Rovanel - 20261101 Lezárva:2026.11.01") + suffix);
-    QCOMPARE(main.ClosingDate, std::string("20261101"));
+    QCOMPARE(main.windowTitle(), months < 0
+                                     ? QString("Rovanel")
+                                     : QString::fromUtf8("Rovanel - 20261101 Lezárva:2026.11.01") + suffix);
+    QCOMPARE(main.ClosingDate, std::string(months < 0 ? "" : "20261101"));
     QCOMPARE(m_messages->texts(), messages);
     if (!messages.isEmpty()) QCOMPARE(m_messages->captions(), QStringList{"Rovanel"});
-}
-
-void TestRvmain::missingDatabaseFileLeavesTitleAlone()
-{
-    m_data->remove("gy.ful");
-    TMain main({});
-    QCOMPARE(main.windowTitle(), QString("Rovanel"));
-    QVERIFY(main.ClosingDate.empty());
-    QVERIFY(m_messages->texts().isEmpty());
 }
 
 void TestRvmain::parametersChooseWhatOpens_data()
