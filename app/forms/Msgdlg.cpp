@@ -13,6 +13,7 @@
 #include "app/forms/ShowMessage.h"
 #include "views/forms/kit/Lists.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 namespace
 {
@@ -25,7 +26,7 @@ TMsgDlg::TMsgDlg(rovanel::RegistryStore& registry, QWidget* parent) : QWidget(pa
 {
     setObjectName("MsgDlg");
     setWindowTitle(QString::fromUtf8("Új adatbázis elérhető"));
-    resize(410, 276);
+    rovanel::forms::rememberGeometry(this, QSize(410, 276));
     setHelpContext(this, 110);
 
     QWidget* panel = fillWithCreamPanel(this);

@@ -20,6 +20,7 @@
 #include "app/forms/UpgradeCheck.h"
 #include "views/forms/kit/Lists.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 namespace
 {
@@ -36,7 +37,7 @@ TRvSettings::TRvSettings(TMain& main, rovanel::RegistryStore& registry, QWidget*
 {
     setObjectName("RvSettings");
     setWindowTitle(QString::fromUtf8("Rovanel beállítások"));
-    resize(445, 576);
+    rovanel::forms::rememberGeometry(this, QSize(445, 576));
     setHelpContext(this, 110);
 
     QWidget* panel = fillWithCreamPanel(this);

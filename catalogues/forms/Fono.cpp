@@ -2,20 +2,20 @@
 
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QSplitter>
 #include <QTextEdit>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
 #include "catalogues/Formulary.h"
-#include "catalogues/forms/ListFilter.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 #include "db/SharedState.h"
 #include "views/forms/kit/Lists.h"
+#include "views/forms/kit/NameList.h"
 #include "views/forms/kit/StyledText.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 using rovanel::forms::fromCp1250;
 
@@ -38,18 +38,15 @@ TFoNoForm::TFoNoForm(rovanel::SharedState& state, QWidget* parent)
 {
     setObjectName("FoNoForm");
     setWindowTitle(QStringLiteral("FoNo"));
-    resize(900, 600);
+    rovanel::forms::rememberGeometry(this, QSize(900, 600));
     auto* panel = new QWidget(this);
     panel->setObjectName("Panel1");
     m_tree = new QTreeWidget(panel);
     m_tree->setObjectName("FoNoTree");
     m_tree->setHeaderHidden(true);
     m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_filter = new QLineEdit(panel);
-    m_filter->setObjectName("FoNoLstEdit");
-    m_filter->setPlaceholderText(QStringLiteral("Szűrés névre"));
-    m_names = new QListWidget(panel);
-    m_names->setObjectName("FoNoLst");
+    m_names = new rovanel::forms::NameList("FoNoLst", panel);
+    m_names->lineEdit()->setPlaceholderText(QStringLiteral("Keresés névre"));
     m_text = new QTextEdit(panel);
     m_text->setObjectName("FoNoRtf");
     m_text->setReadOnly(true);
@@ -60,16 +57,13 @@ TFoNoForm::TFoNoForm(rovanel::SharedState& state, QWidget* parent)
         if (m_handover) m_handover(m_name, rovanel::forms::toCp1250(m_text->toPlainText()), "999999999");
     });
 
-    auto* lists = new QSplitter(Qt::Vertical, panel);
-    lists->addWidget(m_tree);
-    auto* names = new QWidget(lists);
-    auto* namesLayout = new QVBoxLayout(names);
-    namesLayout->setContentsMargins(0, 0, 0, 0);
-    namesLayout->addWidget(m_filter);
-    namesLayout->addWidget(m_names);
-    lists->addWidget(names);
+    auto* left = new QWidget(panel);
+    auto* leftLayout = new QVBoxLayout(left);
+    leftLayout->setContentsMargins(0, 0, 0, 0);
+    leftLayout->addWidget(m_names);
+    leftLayout->addWidget(m_tree, 1);
     auto* split = new QSplitter(Qt::Horizontal, panel);
-    split->addWidget(lists);
+    split->addWidget(left);
     split->addWidget(m_text);
     split->setStretchFactor(0, 2);
     split->setStretchFactor(1, 3);
@@ -79,10 +73,8 @@ TFoNoForm::TFoNoForm(rovanel::SharedState& state, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(panel);
 
-    connect(m_names, &QListWidget::itemSelectionChanged, this, &TFoNoForm::FoNoLstSelect);
+    connect(m_names, qOverload<int>(&QComboBox::activated), this, &TFoNoForm::FoNoLstSelect);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &TFoNoForm::FoNoTreeChange);
-    connect(m_filter, &QLineEdit::textChanged, this,
-            [this](const QString& text) { filterRows(m_names, text); });
     FormCreate();
 }
 
@@ -93,14 +85,10 @@ void TFoNoForm::FormCreate()
 {
     *m_catalogue = rovanel::loadFonoCatalogue(m_state.tables.dataDirectory);
     rovanel::forms::loadTree(m_tree, rovanel::dataFilePath(m_state.tables.dataDirectory, "fononr.txt"));
-    for (const std::string& name : m_catalogue->names) m_names->addItem(fromCp1250(name));
+    m_names->setNames(m_catalogue->names);
 }
 
-void TFoNoForm::FoNoLstSelect()
-{
-    const QList<QListWidgetItem*> selected = m_names->selectedItems();
-    if (!selected.isEmpty()) showItem(m_names->row(selected.first()));
-}
+void TFoNoForm::FoNoLstSelect() { showItem(m_names->currentIndex()); }
 
 void TFoNoForm::FoNoTreeChange()
 {
@@ -108,11 +96,7 @@ void TFoNoForm::FoNoTreeChange()
     if (!node) return;
     const int item = rovanel::fonoItemNamed(*m_catalogue, rovanel::utf8ToCp1250(node->text(0).toStdString()));
     const QSignalBlocker blocker(m_names);
-    m_names->clearSelection();
-    if (item >= 0) {
-        m_names->setCurrentRow(item);
-        m_names->scrollToItem(m_names->item(item));
-    }
+    m_names->setCurrentIndex(item);
     showItem(item);
 }
 

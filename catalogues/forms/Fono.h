@@ -1,5 +1,5 @@
-// TFoNoForm: the FoNo magistral formulary ("FoNo"): the chapter tree, the alphabetical name list (filtered
-// as one types in the line above it), and the chosen item's text with its title and labels in colour.
+// TFoNoForm: the FoNo magistral formulary ("FoNo"): the alphabetical name list (a name list: typing
+// filters it), the chapter tree, and the chosen item's text with its title and labels in colour.
 #pragma once
 
 #include <QWidget>
@@ -14,10 +14,13 @@ struct SharedState;
 struct FonoCatalogue;
 }  // namespace rovanel
 
-class QLineEdit;
-class QListWidget;
 class QTextEdit;
 class QTreeWidget;
+
+namespace rovanel::forms
+{
+class NameList;
+}
 
 class TFoNoForm : public QWidget
 {
@@ -48,7 +51,6 @@ private:
     std::unique_ptr<rovanel::FonoCatalogue> m_catalogue;
     std::string m_name;
     QTreeWidget* m_tree = nullptr;
-    QLineEdit* m_filter = nullptr;
-    QListWidget* m_names = nullptr;
+    rovanel::forms::NameList* m_names = nullptr;
     QTextEdit* m_text = nullptr;
 };

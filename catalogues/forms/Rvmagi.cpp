@@ -1,46 +1,29 @@
 #include "catalogues/forms/Rvmagi.h"
 
 #include <QGridLayout>
-#include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "app/forms/ShowMessage.h"
 #include "catalogues/MagiStore.h"
-#include "catalogues/forms/ListFilter.h"
-#include "db/Cp1250.h"
 #include "db/SharedState.h"
 #include "views/forms/kit/Lists.h"
+#include "views/forms/kit/NameList.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
-using rovanel::forms::fromCp1250;
-
-namespace
-{
-
-QPushButton* button(const char* name, const QString& caption, QWidget* parent)
-{
-    auto* result = new QPushButton(caption, parent);
-    result->setObjectName(name);
-    return result;
-}
-
-std::string fromBox(const QString& text) { return rovanel::utf8ToCp1250(text.toStdString()); }
-
-}  // namespace
+using rovanel::forms::boxText;
+using rovanel::forms::button;
+using rovanel::forms::fileText;
 
 TMagiForm::TMagiForm(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_state(state)
 {
     setObjectName("MagiForm");
     setWindowTitle(QStringLiteral("Saját Magi receptek"));
-    resize(640, 480);
-    m_name = new QLineEdit(this);
-    m_name->setObjectName("MagiListEdit");
-    m_names = new QListWidget(this);
-    m_names->setObjectName("MagiList");
+    rovanel::forms::rememberGeometry(this, QSize(640, 480));
+    m_names = new rovanel::forms::NameList("MagiList", this);
     auto* add = button("MagiAdd", QStringLiteral("Hozzáad"), this);
     auto* del = button("MagiDel", QStringLiteral("Töröl"), this);
     auto* mod = button("MagiMod", QStringLiteral("Módosít"), this);
@@ -48,9 +31,7 @@ TMagiForm::TMagiForm(rovanel::SharedState& state, QWidget* parent) : QWidget(par
     m_text->setObjectName("MagiTxt");
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
     rovanel::forms::onRightButtonPress(m_text->viewport(), [this] {
-        if (m_handover)
-            m_handover(rovanel::forms::toCp1250(m_name->text()),
-                       rovanel::forms::toCp1250(m_text->toPlainText()), "999999999");
+        if (m_handover) m_handover(name(), rovanel::forms::toCp1250(m_text->toPlainText()), "999999999");
     });
     m_text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     m_text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -61,25 +42,12 @@ TMagiForm::TMagiForm(rovanel::SharedState& state, QWidget* parent) : QWidget(par
     buttons->addWidget(mod);
     buttons->addStretch();
     auto* layout = new QGridLayout(this);
-    layout->addWidget(m_name, 0, 0);
-    layout->addWidget(m_names, 1, 0);
-    layout->addLayout(buttons, 0, 1, 2, 1);
-    layout->addWidget(m_text, 2, 0, 1, 2);
+    layout->addWidget(m_names, 0, 0);
+    layout->addLayout(buttons, 0, 1);
+    layout->addWidget(m_text, 1, 0, 1, 2);
     layout->setRowStretch(1, 1);
-    layout->setRowStretch(2, 2);
 
-    connect(m_names, &QListWidget::itemSelectionChanged, this, [this] {
-        if (QListWidgetItem* item = m_names->currentItem(); item && item->isSelected()) {
-            const QSignalBlocker blocker(m_name);
-            m_name->setText(item->text());
-        }
-        MagiListChange();
-    });
-    connect(m_name, &QLineEdit::textEdited, this, [this](const QString& text) {
-        filterRows(m_names, text);
-        // Typing leaves the list item unless the text names it.
-        if (m_names->currentItem() && m_names->currentItem()->text() != text) m_names->clearSelection();
-    });
+    connect(m_names, qOverload<int>(&QComboBox::activated), this, &TMagiForm::MagiListChange);
     connect(add, &QPushButton::clicked, this, &TMagiForm::MagiAddClick);
     connect(del, &QPushButton::clicked, this, &TMagiForm::MagiDelClick);
     connect(mod, &QPushButton::clicked, this, &TMagiForm::MagiModClick);
@@ -105,12 +73,21 @@ void TMagiForm::showEvent(QShowEvent* event)
     }
 }
 
+// The name box keeps its text over a new filling, as an edit line over its list does.
 void TMagiForm::fillNames()
 {
     const QSignalBlocker blocker(m_names);
-    m_names->clear();
-    for (const std::string& name : m_store->names()) m_names->addItem(fromCp1250(name));
-    filterRows(m_names, m_name->text());
+    const QString text = m_names->currentText();
+    m_names->setNames(m_store->names());
+    m_names->lineEdit()->setText(text);
+}
+
+std::string TMagiForm::name() const { return rovanel::forms::toCp1250(m_names->currentText()); }
+
+int TMagiForm::selectedItem() const
+{
+    const int item = m_names->currentIndex();
+    return item >= 0 && m_names->itemText(item) == m_names->currentText() ? item : -1;
 }
 
 void TMagiForm::tell(const std::optional<rovanel::Message>& message)
@@ -120,31 +97,28 @@ void TMagiForm::tell(const std::optional<rovanel::Message>& message)
 
 void TMagiForm::MagiListChange()
 {
-    if (rovanel::forms::selectedRow(m_names) < 0) return;
-    const auto recipe = m_store->recipe(fromBox(m_name->text()));
+    if (selectedItem() < 0) return;
+    const auto recipe = m_store->recipe(name());
     m_text->setPlainText(recipe ? boxText(*recipe) : QString());
 }
 
 void TMagiForm::MagiAddClick()
 {
-    tell(m_store->add(fromBox(m_name->text()), fileText(m_text->toPlainText())));
+    tell(m_store->add(name(), fileText(m_text->toPlainText())));
     fillNames();
 }
 
-void TMagiForm::MagiModClick()
-{
-    tell(m_store->modify(fromBox(m_name->text()), fileText(m_text->toPlainText())));
-}
+void TMagiForm::MagiModClick() { tell(m_store->modify(name(), fileText(m_text->toPlainText()))); }
 
 // The file deleted is the one of the name box's text after the line is gone (kept on purpose).
 void TMagiForm::MagiDelClick()
 {
-    const int row = rovanel::forms::selectedRow(m_names);
+    const int row = selectedItem();
     if (row < 0) return;
     if (const auto failed = m_store->removeLine(row)) {
         tell(failed);
         return;
     }
     fillNames();
-    tell(m_store->removeFile(fromBox(m_name->text())));
+    tell(m_store->removeFile(name()));
 }

@@ -1,7 +1,7 @@
 // TMagiForm: the physician's own magistral recipes ("Saját Magi receptek"): a named list of free-text
 // recipes, added, changed and deleted here and kept in MagiList.txt and one file per recipe.
-// MagiList is the name box: an edit line (MagiListEdit) over the list of names (MagiList), which the
-// edit line filters as one types.
+// MagiList is the name box: a name list whose edit line holds the recipe's name and filters the names
+// as one types.
 #pragma once
 
 #include <QWidget>
@@ -17,9 +17,12 @@ struct SharedState;
 class MagiStore;
 }  // namespace rovanel
 
-class QLineEdit;
-class QListWidget;
 class QPlainTextEdit;
+
+namespace rovanel::forms
+{
+class NameList;
+}
 
 class TMagiForm : public QWidget
 {
@@ -46,13 +49,15 @@ protected:
 private:
     void FormCreate();
     void fillNames();
+    [[nodiscard]] std::string name() const;
+    // The list item the name box shows, -1 when its text is typed rather than picked.
+    [[nodiscard]] int selectedItem() const;
     void tell(const std::optional<rovanel::Message>& message);
 
     rovanel::SharedState& m_state;
     rovanel::forms::PrescriptionHandover m_handover;  // none until a prescription window is attached
     std::unique_ptr<rovanel::MagiStore> m_store;
     std::optional<rovanel::Message> m_openMessage;  // shown at the first showing
-    QLineEdit* m_name = nullptr;
-    QListWidget* m_names = nullptr;
+    rovanel::forms::NameList* m_names = nullptr;
     QPlainTextEdit* m_text = nullptr;
 };

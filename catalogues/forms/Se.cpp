@@ -17,12 +17,12 @@
 #include <QVBoxLayout>
 
 #include "catalogues/MedicalAids.h"
-#include "catalogues/forms/ListFilter.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 #include "db/SharedState.h"
 #include "views/forms/kit/Lists.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 using rovanel::forms::fromCp1250;
 
@@ -55,7 +55,7 @@ TSegedeszk::TSegedeszk(rovanel::SharedState& state, QWidget* parent)
 {
     setObjectName("Segedeszk");
     setWindowTitle(QStringLiteral("Gyógyászati segédeszközök"));
-    resize(900, 640);
+    rovanel::forms::rememberGeometry(this, QSize(900, 640));
 
     m_tree = new QTreeWidget(this);
     m_tree->setObjectName("SeTree");
@@ -258,5 +258,5 @@ void TSegedeszk::SeListClick()
     if (!row) return;
     const auto description = rovanel::aidDescription(*m_catalogue, m_state.tables.messages, m_listedNode,
                                                      row->text(1).toStdString());
-    m_description->setPlainText(description ? boxText(*description) : QString());
+    m_description->setPlainText(description ? rovanel::forms::boxText(*description) : QString());
 }

@@ -83,7 +83,8 @@ QVariant RefListModel::data(const QModelIndex& index, int role) const
 
 QVariant RefListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    // A caption wider than its column is elided; the tooltip shows it whole.
+    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
     return rovanel::forms::fromCp1250(m_list.columnCaption(section));
 }
 

@@ -2,8 +2,6 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QCompleter>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -14,8 +12,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "app/IniFile.h"
 #include "app/UserPaths.h"
+#include "app/UserSettings.h"
 #include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
 #include "certs/PublicCareList.h"
@@ -26,6 +24,8 @@
 #include "db/Text.h"
 #include "pricelist/AtcTreeSearch.h"
 #include "pricelist/forms/RefListModel.h"
+#include "views/forms/kit/NameList.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 using rovanel::forms::fromCp1250;
 
@@ -61,7 +61,7 @@ TRefForm::TRefForm(rovanel::SharedState& state, rovanel::RegistryStore& registry
     setObjectName("RefForm");
     setWindowTitle(QStringLiteral("Részletes lista"));
     setHelpContext(this, kHelpContext);
-    resize(1100, 700);
+    rovanel::forms::rememberGeometry(this, QSize(1100, 700));
 
     AtcTree = new QTreeWidget(this);
     AtcTree->setObjectName("AtcTree");
@@ -79,15 +79,7 @@ TRefForm::TRefForm(rovanel::SharedState& state, rovanel::RegistryStore& registry
     kindLayout->addWidget(m_drugs);
     kindLayout->addWidget(m_nutrition);
 
-    Gylist = new QComboBox(this);
-    Gylist->setObjectName("Gylist");
-    Gylist->setEditable(true);
-    Gylist->setInsertPolicy(QComboBox::NoInsert);
-    Gylist->setMaxVisibleItems(25);
-    // The names filter as one types: any part of the name, without regard to case.
-    Gylist->completer()->setCompletionMode(QCompleter::PopupCompletion);
-    Gylist->completer()->setFilterMode(Qt::MatchContains);
-    Gylist->completer()->setCaseSensitivity(Qt::CaseInsensitive);
+    Gylist = new rovanel::forms::NameList("Gylist", this);
 
     auto* textGroup = new QGroupBox(QStringLiteral("Atc szövegben keres"), this);
     textGroup->setObjectName("AtcSzovegGrp");
@@ -153,6 +145,7 @@ TRefForm::TRefForm(rovanel::SharedState& state, rovanel::RegistryStore& registry
     RefLst->verticalHeader()->setDefaultSectionSize(RefLst->fontMetrics().height() + 6);
     RefLst->horizontalHeader()->setSectionsClickable(true);
     RefLst->horizontalHeader()->setHighlightSections(false);
+    RefLst->horizontalHeader()->setTextElideMode(Qt::ElideRight);
 
     // Layout: the tree on the left, the searches and buttons beside it, the list below both.
     auto* controls = new QVBoxLayout;
@@ -219,11 +212,10 @@ void TRefForm::showEvent(QShowEvent* event)
 void TRefForm::FormShow()
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    // The detailed list hides TT packages only for exactly "IGEN".
-    const std::string value =
-        rovanel::readProfileString(rovanel::settingsFilePath(m_state.tables.dataDirectory),
-                                   rovanel::kSettingsSection, "TTNemKellLeirasba", "NEM", 80);
-    m_state.hideDeleted = value == "IGEN";
+    // The user's setting, the one the description window's check box writes; the detailed list hides TT
+    // packages only for exactly "IGEN" (kept on purpose, see tst_Rvref).
+    m_state.hideDeleted = rovanel::readUserSetting(rovanel::userIniPath(), m_state.tables.dataDirectory,
+                                                   rovanel::kHideDeletedKey, "NEM") == "IGEN";
     if (auto error = rovanel::restoreColumnWidths(m_registry, m_widths)) showMessage(this, *error);
     applyWidths();
     loadTree();
@@ -254,11 +246,8 @@ void TRefForm::loadTree()
 void TRefForm::fillNames()
 {
     const auto group = m_drugs->isChecked() ? rovanel::NameGroup::Medicines : rovanel::NameGroup::Nutrition;
-    QStringList names;
-    for (const std::string& name : rovanel::nameListFill(m_state.tables, group)) names << fromCp1250(name);
-    Gylist->clear();
-    Gylist->addItems(names);
-    if (!names.isEmpty()) Gylist->setCurrentIndex(0);
+    Gylist->setNames(rovanel::nameListFill(m_state.tables, group));
+    if (Gylist->count() > 0) Gylist->setCurrentIndex(0);
 }
 
 void TRefForm::GyTapRbClick() { fillNames(); }

@@ -17,7 +17,6 @@
 #include "views/forms/kit/Text.h"
 
 class QCheckBox;
-class QComboBox;
 class QGroupBox;
 class QLineEdit;
 class QPushButton;
@@ -26,6 +25,11 @@ class QTableView;
 class QTreeWidget;
 class QTreeWidgetItem;
 class RefListModel;
+
+namespace rovanel::forms
+{
+class NameList;
+}
 
 namespace rovanel
 {
@@ -92,7 +96,7 @@ private:
 
     RefListModel* m_model = nullptr;
     QTableView* RefLst = nullptr;
-    QComboBox* Gylist = nullptr;
+    rovanel::forms::NameList* Gylist = nullptr;
     QGroupBox* GyTapRb = nullptr;
     QRadioButton* m_drugs = nullptr;
     QRadioButton* m_nutrition = nullptr;

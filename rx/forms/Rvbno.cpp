@@ -19,6 +19,7 @@
 #include "rx/forms/BnoTreeView.h"
 #include "views/forms/kit/Lists.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 using rovanel::forms::fromCp1250;
 
@@ -42,7 +43,7 @@ TBnoForm::TBnoForm(std::filesystem::path dataDirectory, QWidget* parent)
     setObjectName("BnoForm");
     setWindowTitle(QString::fromUtf8("Bno kereső"));
     setHelpContext(this, 610);
-    resize(760, 560);
+    rovanel::forms::rememberGeometry(this, QSize(760, 560));
 
     BnoEdt = new QLineEdit(this);
     BnoEdt->setObjectName("BnoEdt");

@@ -1,6 +1,5 @@
 // The FoNo formulary window driven by its controls' names.
-#include <QLineEdit>
-#include <QListWidget>
+#include <QComboBox>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextEdit>
@@ -43,8 +42,7 @@ class TestFono : public QObject
     Q_OBJECT
 private slots:
     void treeNodeShowsItsItemWithColouredTitleAndLabels();
-    void aChapterNodeShowsNothing();
-    void nameListFiltersAsOneTypesAndKeepsItemNumbers();
+    void aPickedNameShowsItsItemAndAChapterNodeNothing();
     void missingFilesLeaveTheWindowEmpty();
 };
 
@@ -55,10 +53,10 @@ void TestFono::treeNodeShowsItsItemWithColouredTitleAndLabels()
     TFoNoForm form(fixture.state);
     form.show();
     QCOMPARE(form.windowTitle(), QStringLiteral("FoNo"));
-    auto* tree = child<QTreeWidget>(form, "FoNoTree");
+    auto* tree = control<QTreeWidget>(form, "FoNoTree");
     tree->setCurrentItem(tree->topLevelItem(0)->child(0));
-    QCOMPARE(child<QListWidget>(form, "FoNoLst")->currentRow(), 1);
-    auto* box = child<QTextEdit>(form, "FoNoRtf");
+    QCOMPARE(control<QComboBox>(form, "FoNoLst")->currentIndex(), 1);
+    auto* box = control<QTextEdit>(form, "FoNoRtf");
     const QString text = box->toPlainText();
     QCOMPARE(text,
              QStringLiteral("Unguentum acidi salicylici 5%\nRp.\nJavallat:\nllat: szalicilát-túlérzékenység, "
@@ -71,36 +69,27 @@ void TestFono::treeNodeShowsItsItemWithColouredTitleAndLabels()
              QStringLiteral("Unguentum acidi salicylici 5%"));
 }
 
-void TestFono::aChapterNodeShowsNothing()
+// Typing filters the names (case and accents folded), Enter picks the item under its own number; a
+// chapter node then shows nothing.
+void TestFono::aPickedNameShowsItsItemAndAChapterNodeNothing()
 {
     CatalogueWindowState fixture;
     writeFormulary(fixture);
     TFoNoForm form(fixture.state);
     form.show();
-    auto* names = child<QListWidget>(form, "FoNoLst");
-    names->setCurrentRow(0);
-    QVERIFY(
-        child<QTextEdit>(form, "FoNoRtf")->toPlainText().startsWith(QStringLiteral("Pasta zinci 10%\nRp.")));
-    auto* tree = child<QTreeWidget>(form, "FoNoTree");
+    auto* names = control<QComboBox>(form, "FoNoLst");
+    pickByTyping(names, QStringLiteral("SALIC"));
+    QCOMPARE(names->currentIndex(), 1);
+    QVERIFY(control<QTextEdit>(form, "FoNoRtf")->toPlainText().startsWith(QStringLiteral("Unguentum")));
+    pickByTyping(names, QStringLiteral("pasta"));
+    QVERIFY(control<QTextEdit>(form, "FoNoRtf")
+                ->toPlainText()
+                .startsWith(QStringLiteral("Pasta zinci 10%\nRp.")));
+    auto* tree = control<QTreeWidget>(form, "FoNoTree");
+    tree->setCurrentItem(tree->topLevelItem(0)->child(0));  // the chapter is current from the start
     tree->setCurrentItem(tree->topLevelItem(0));
-    QCOMPARE(child<QTextEdit>(form, "FoNoRtf")->toPlainText(), QString());
-    QVERIFY(names->selectedItems().isEmpty());
-}
-
-void TestFono::nameListFiltersAsOneTypesAndKeepsItemNumbers()
-{
-    CatalogueWindowState fixture;
-    writeFormulary(fixture);
-    TFoNoForm form(fixture.state);
-    form.show();
-    auto* names = child<QListWidget>(form, "FoNoLst");
-    QTest::keyClicks(child<QLineEdit>(form, "FoNoLstEdit"), QStringLiteral("SALIC"));
-    QVERIFY(names->isRowHidden(0));
-    QVERIFY(!names->isRowHidden(1));
-    names->setCurrentRow(1);
-    QVERIFY(child<QTextEdit>(form, "FoNoRtf")->toPlainText().startsWith(QStringLiteral("Unguentum")));
-    child<QLineEdit>(form, "FoNoLstEdit")->clear();
-    QVERIFY(!names->isRowHidden(0));
+    QCOMPARE(control<QTextEdit>(form, "FoNoRtf")->toPlainText(), QString());
+    QCOMPARE(names->currentIndex(), -1);
 }
 
 void TestFono::missingFilesLeaveTheWindowEmpty()
@@ -108,8 +97,8 @@ void TestFono::missingFilesLeaveTheWindowEmpty()
     CatalogueWindowState fixture;
     TFoNoForm form(fixture.state);
     form.show();
-    QCOMPARE(child<QTreeWidget>(form, "FoNoTree")->topLevelItemCount(), 0);
-    QCOMPARE(child<QListWidget>(form, "FoNoLst")->count(), 0);
+    QCOMPARE(control<QTreeWidget>(form, "FoNoTree")->topLevelItemCount(), 0);
+    QCOMPARE(control<QComboBox>(form, "FoNoLst")->count(), 0);
 }
 
 QTEST_MAIN(TestFono)

@@ -10,17 +10,10 @@
 #include <QTreeWidget>
 
 #include "rx/forms/Rvbno.h"
+#include "tests/forms/support/Controls.h"
 
 namespace
 {
-
-template <typename T>
-T* child(QWidget& form, const char* name)
-{
-    T* found = form.findChild<T*>(name);
-    if (!found) qFatal("control %s is missing", name);
-    return found;
-}
 
 QString selected(QTreeWidget* tree)
 {
@@ -47,27 +40,27 @@ void TestRvbno::treeIsLoadedOncePerRun()
     form.hide();
     form.show();
     QCOMPARE(form.treeLoads(), 1);
-    QCOMPARE(child<QTreeWidget>(form, "BnoTree")->topLevelItemCount(), 22);
+    QCOMPARE(control<QTreeWidget>(form, "BnoTree")->topLevelItemCount(), 22);
 }
 
 void TestRvbno::treeModeStepsFromHitToHitAndEndsSilently()
 {
     TBnoForm form(ROVANEL_DEMO_DB);
     form.show();
-    auto* tree = child<QTreeWidget>(form, "BnoTree");
-    auto* edit = child<QLineEdit>(form, "BnoEdt");
-    auto* next = child<QPushButton>(form, "BnoNext");
+    auto* tree = control<QTreeWidget>(form, "BnoTree");
+    auto* edit = control<QLineEdit>(form, "BnoEdt");
+    auto* next = control<QPushButton>(form, "BnoNext");
 
     edit->setText(QString::fromUtf8("nincs ilyen betegség"));
-    QTest::mouseClick(child<QPushButton>(form, "BnoKeres"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "BnoKeres"), Qt::LeftButton);
     QVERIFY2(selected(tree).isEmpty(), "no hit selects nothing");
 
     // Exact case: "COVID" is written so in the U chapter only; lower case finds it only when folded.
     edit->setText("covid-19");
-    QTest::mouseClick(child<QPushButton>(form, "BnoKeres"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "BnoKeres"), Qt::LeftButton);
     QVERIFY(selected(tree).isEmpty());
-    child<QCheckBox>(form, "aAChb")->setChecked(true);
-    QTest::mouseClick(child<QPushButton>(form, "BnoKeres"), Qt::LeftButton);
+    control<QCheckBox>(form, "aAChb")->setChecked(true);
+    QTest::mouseClick(control<QPushButton>(form, "BnoKeres"), Qt::LeftButton);
     QVERIFY(next->isEnabled());
     QStringList hits{selected(tree)};
     for (int i = 0; i < 50 && hits.size() == i + 1; ++i) {
@@ -87,17 +80,17 @@ void TestRvbno::listModeListsEveryHitAndCopiesThem()
 {
     TBnoForm form(ROVANEL_DEMO_DB);
     form.show();
-    child<QRadioButton>(form, "FabaListaba1")->setChecked(true);
-    child<QLineEdit>(form, "BnoEdt")->setText("I10H0");
-    QTest::mouseClick(child<QPushButton>(form, "BnoKeres"), Qt::LeftButton);
-    QVERIFY(!child<QPushButton>(form, "BnoNext")->isEnabled());
-    auto* found = child<QListWidget>(form, "FoundBnoLst");
+    control<QRadioButton>(form, "FabaListaba1")->setChecked(true);
+    control<QLineEdit>(form, "BnoEdt")->setText("I10H0");
+    QTest::mouseClick(control<QPushButton>(form, "BnoKeres"), Qt::LeftButton);
+    QVERIFY(!control<QPushButton>(form, "BnoNext")->isEnabled());
+    auto* found = control<QListWidget>(form, "FoundBnoLst");
     QCOMPARE(found->count(), 1);
     QCOMPARE(found->item(0)->text(), QString::fromUtf8("I10H0 Magasvérnyomás-betegség (elsődleges)"));
 
     form.FoundBnoLstDblClick(0);
-    QCOMPARE(selected(child<QTreeWidget>(form, "BnoTree")), found->item(0)->text());
-    QTest::mouseClick(child<QPushButton>(form, "CopyToClipboard"), Qt::LeftButton);
+    QCOMPARE(selected(control<QTreeWidget>(form, "BnoTree")), found->item(0)->text());
+    QTest::mouseClick(control<QPushButton>(form, "CopyToClipboard"), Qt::LeftButton);
     QCOMPARE(QApplication::clipboard()->text(), found->item(0)->text() + "\n");
 }
 

@@ -6,6 +6,7 @@
 #include <QTextEdit>
 
 #include "db/Cp1250.h"
+#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/EngineWindows.h"
 #include "tests/forms/support/MessageRecorder.h"
 #include "views/forms/Rvha.h"
@@ -28,14 +29,6 @@ EngineDatabase database()
     return db;
 }
 
-template <typename T>
-T* child(QWidget& form, const char* name)
-{
-    T* found = form.findChild<T*>(name);
-    if (!found) qFatal("control %s is missing", name);
-    return found;
-}
-
 }  // namespace
 
 class TestRvha : public QObject
@@ -52,22 +45,22 @@ void TestRvha::exactly600WithoutMessageAnd601WithIt()
     THaForm form(fixture.state);
     form.show();
     MessageRecorder messages;
-    auto* list = child<QComboBox>(form, "HaList");
-    auto* found = child<QListWidget>(form, "HaGyList");
+    auto* list = control<QComboBox>(form, "HaList");
+    auto* found = control<QListWidget>(form, "HaGyList");
     QCOMPARE(list->count(), 3);
     list->setCurrentIndex(0);
-    QTest::mouseClick(child<QPushButton>(form, "HaKeres"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "HaKeres"), Qt::LeftButton);
     QCOMPARE(found->count(), 600);
     QVERIFY(messages.texts().isEmpty());
     list->setCurrentIndex(1);
     QCOMPARE(found->count(), 0);  // choosing another ingredient empties the list
-    QTest::mouseClick(child<QPushButton>(form, "HaKeres"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "HaKeres"), Qt::LeftButton);
     QCOMPARE(found->count(), 600);
     QCOMPARE(messages.texts(),
              QStringList{QStringLiteral("Túl sok gyógyszer tartozik ide, csak a lista eleje látszik!")});
     QCOMPARE(messages.captions(), QStringList{QString()});
     list->setCurrentIndex(2);
-    QTest::mouseClick(child<QPushButton>(form, "HaKeres"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "HaKeres"), Qt::LeftButton);
     QCOMPARE(found->count(), 0);
     QCOMPARE(messages.texts().size(), 1);
 }
@@ -78,12 +71,12 @@ void TestRvha::clickingADrugWritesItsDescriptionAndRightClickShowsTheNotice()
     THaForm form(fixture.state);
     form.show();
     MessageRecorder messages;
-    child<QComboBox>(form, "HaList")->setCurrentIndex(0);
-    QTest::mouseClick(child<QPushButton>(form, "HaKeres"), Qt::LeftButton);
-    auto* found = child<QListWidget>(form, "HaGyList");
+    control<QComboBox>(form, "HaList")->setCurrentIndex(0);
+    QTest::mouseClick(control<QPushButton>(form, "HaKeres"), Qt::LeftButton);
+    auto* found = control<QListWidget>(form, "HaGyList");
     const QRect rect = found->visualItemRect(found->item(3));
     QTest::mouseClick(found->viewport(), Qt::LeftButton, {}, rect.center());
-    auto* leiro = child<QTextEdit>(form, "GyLeiro");
+    auto* leiro = control<QTextEdit>(form, "GyLeiro");
     const QString name = QString::fromUtf8(
         rovanel::cp1250ToUtf8(fixture.state.tables.productName(fixture.state.found.recordAt(3))));
     QVERIFY(!name.isEmpty());

@@ -7,6 +7,7 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
+#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/EngineWindows.h"
 #include "tests/forms/support/MessageRecorder.h"
 #include "views/forms/Rvkh.h"
@@ -33,14 +34,6 @@ EngineDatabase database()
     return db;
 }
 
-template <typename T>
-T* child(QWidget& form, const char* name)
-{
-    T* found = form.findChild<T*>(name);
-    if (!found) qFatal("control %s is missing", name);
-    return found;
-}
-
 QTreeWidgetItem* node(QTreeWidget* tree, int index)
 {
     for (QTreeWidgetItemIterator it(tree); *it; ++it)
@@ -50,8 +43,8 @@ QTreeWidgetItem* node(QTreeWidget* tree, int index)
 
 void addDrug(TKh& form, int index)
 {
-    child<QComboBox>(form, "Gylist")->setCurrentIndex(index);
-    QTest::mouseClick(child<QPushButton>(form, "GyToList"), Qt::LeftButton);
+    control<QComboBox>(form, "Gylist")->setCurrentIndex(index);
+    QTest::mouseClick(control<QPushButton>(form, "GyToList"), Qt::LeftButton);
 }
 
 }  // namespace
@@ -76,12 +69,12 @@ void TestRvkh::captionsAndControlsAreTheProgramsOwn()
     form.show();
     QCOMPARE(form.windowTitle().left(18), QStringLiteral("Kölcsönhatás - ATC"));
     QVERIFY(form.windowTitle().endsWith(QStringLiteral("Help=F1")));
-    QCOMPARE(child<QPushButton>(form, "Ellenoriz")->text(),
+    QCOMPARE(control<QPushButton>(form, "Ellenoriz")->text(),
              QStringLiteral("Szedett gyógszereket - ellenjavallatokat ellenőriz"));
-    QCOMPARE(child<QPushButton>(form, "GyToList")->text(), QStringLiteral("Listá&hoz ad >>"));
-    QCOMPARE(child<QPushButton>(form, "EllToList")->text(), QStringLiteral("Listához a&d >>"));
-    QCOMPARE(child<QComboBox>(form, "Gylist")->count(), 23);
-    QCOMPARE(child<QTreeWidget>(form, "ATCTree")->topLevelItemCount(), 2);
+    QCOMPARE(control<QPushButton>(form, "GyToList")->text(), QStringLiteral("Listá&hoz ad >>"));
+    QCOMPARE(control<QPushButton>(form, "EllToList")->text(), QStringLiteral("Listához a&d >>"));
+    QCOMPARE(control<QComboBox>(form, "Gylist")->count(), 23);
+    QCOMPARE(control<QTreeWidget>(form, "ATCTree")->topLevelItemCount(), 2);
     QCOMPARE(fixture.state.selection.SzedettGy[20], -1);
 }
 
@@ -93,10 +86,15 @@ void TestRvkh::twentyDrugsAndThe21stIsRefusedSameDrugTwiceIsSilent()
     MessageRecorder messages;
     addDrug(form, 0);
     addDrug(form, 0);
-    QCOMPARE(child<QListWidget>(form, "KhSzedettGyList")->count(), 1);
+    auto* taken = control<QListWidget>(form, "KhSzedettGyList");
+    QCOMPARE(taken->count(), 1);
     QVERIFY(messages.texts().isEmpty());
+    // A long name is cut with "…" in its line and shown whole in the line's tooltip.
+    QCOMPARE(taken->textElideMode(), Qt::ElideRight);
+    QCOMPARE(taken->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+    QCOMPARE(taken->item(0)->toolTip(), taken->item(0)->text());
     for (int i = 1; i < 21; ++i) addDrug(form, i);
-    QCOMPARE(child<QListWidget>(form, "KhSzedettGyList")->count(), 20);
+    QCOMPARE(control<QListWidget>(form, "KhSzedettGyList")->count(), 20);
     QCOMPARE(messages.texts(), QStringList{QStringLiteral("Legföljebb 20 gyógyszer adható")});
     QCOMPARE(messages.captions(), QStringList{QStringLiteral("Kölcsönhatás vizsgálat")});
 }
@@ -107,13 +105,13 @@ void TestRvkh::nineteenContraindicationsAndNodeZeroOnlyAfterClearing()
     TKh form(fixture.state);
     form.show();
     MessageRecorder messages;
-    auto* tree = child<QTreeWidget>(form, "EllTree");
-    auto* add = child<QPushButton>(form, "EllToList");
-    auto* list = child<QListWidget>(form, "EllList");
+    auto* tree = control<QTreeWidget>(form, "EllTree");
+    auto* add = control<QPushButton>(form, "EllToList");
+    auto* list = control<QListWidget>(form, "EllList");
     tree->setCurrentItem(node(tree, 0));
     QTest::mouseClick(add, Qt::LeftButton);
     QCOMPARE(list->count(), 0);  // untouched slots hold 0
-    QTest::mouseClick(child<QPushButton>(form, "EllListTorol"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "EllListTorol"), Qt::LeftButton);
     QTest::mouseClick(add, Qt::LeftButton);
     QCOMPARE(list->count(), 1);
     QCOMPARE(list->item(0)->text(), QStringLiteral("Terhesség"));
@@ -134,21 +132,21 @@ void TestRvkh::checkShowsTheReportAndTheDrugsConcerned()
     MessageRecorder messages;
     addDrug(form, 0);
     addDrug(form, 2);
-    QTest::mouseClick(child<QPushButton>(form, "Ellenoriz"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "Ellenoriz"), Qt::LeftButton);
     QVERIFY(messages.texts().isEmpty());
     QCOMPARE(
-        child<QTextEdit>(form, "EredmenyRtf")->toPlainText(),
+        control<QTextEdit>(form, "EredmenyRtf")->toPlainText(),
         QStringLiteral("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:\n\nALFA és GAMMA : \n\n "
                        "Óvatosan adhatók együtt!\n\n"));
-    auto* found = child<QListWidget>(form, "KhGyList");
+    auto* found = control<QListWidget>(form, "KhGyList");
     QCOMPARE(found->count(), 2);
     QCOMPARE(found->item(1)->text(), QStringLiteral("GAMMA"));
 
     // Deleting a contraindication keeps the report; deleting a drug empties it.
-    QTest::mouseClick(child<QPushButton>(form, "KhSzGyListTorol"), Qt::LeftButton);
-    QVERIFY(child<QTextEdit>(form, "EredmenyRtf")->toPlainText().isEmpty());
+    QTest::mouseClick(control<QPushButton>(form, "KhSzGyListTorol"), Qt::LeftButton);
+    QVERIFY(control<QTextEdit>(form, "EredmenyRtf")->toPlainText().isEmpty());
     addDrug(form, 1);
-    QTest::mouseClick(child<QPushButton>(form, "Ellenoriz"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "Ellenoriz"), Qt::LeftButton);
     QCOMPARE(messages.texts(),
              QStringList{QStringLiteral("A vizsgálat nem talált kölcsönhatást és ellenjavallatot.")});
 }
@@ -163,15 +161,15 @@ void TestRvkh::atcSearchListsTheGroupAndMegnezOpensTheLinesDrug()
     form.show();
     MessageRecorder messages;
     addDrug(form, 2);  // GAMMA taken: ALFA's careful code names it
-    auto* tree = child<QTreeWidget>(form, "ATCTree");
+    auto* tree = control<QTreeWidget>(form, "ATCTree");
     tree->setCurrentItem(node(tree, 1));
-    QTest::mouseClick(child<QPushButton>(form, "ATCKeres"), Qt::LeftButton);
-    auto* found = child<QListWidget>(form, "KhGyList");
+    QTest::mouseClick(control<QPushButton>(form, "ATCKeres"), Qt::LeftButton);
+    auto* found = control<QListWidget>(form, "KhGyList");
     QCOMPARE(found->count(), 2);
     QCOMPARE(found->item(0)->text(), QStringLiteral("ALFA\t999999 !"));
     QCOMPARE(found->item(1)->text(), QStringLiteral("BÉTA\t999999"));
     found->setCurrentRow(1);
-    QTest::mouseClick(child<QPushButton>(form, "KhGyMegnez"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "KhGyMegnez"), Qt::LeftButton);
     QCOMPARE(shown.size(), std::size_t{1});
     QCOMPARE(shown[0].first, 1);
     QCOMPARE(shown[0].second, QStringLiteral("BÉTA\t999999"));
@@ -186,13 +184,13 @@ void TestRvkh::deletingWithoutASelectedLineAsksForOne()
     TKh form(fixture.state);
     form.show();
     MessageRecorder messages;
-    QTest::mouseClick(child<QPushButton>(form, "KhSzGyTorol"), Qt::LeftButton);  // empty list: nothing
+    QTest::mouseClick(control<QPushButton>(form, "KhSzGyTorol"), Qt::LeftButton);  // empty list: nothing
     addDrug(form, 0);
-    QTest::mouseClick(child<QPushButton>(form, "KhSzGyTorol"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "KhSzGyTorol"), Qt::LeftButton);
     QCOMPARE(messages.texts(), QStringList{QStringLiteral("Jelölje ki a listáról törlendő gyógyszert!")});
     QVERIFY(messages.messages()[0].taskModal);
-    child<QListWidget>(form, "KhSzedettGyList")->setCurrentRow(0);
-    QTest::mouseClick(child<QPushButton>(form, "KhSzGyTorol"), Qt::LeftButton);
+    control<QListWidget>(form, "KhSzedettGyList")->setCurrentRow(0);
+    QTest::mouseClick(control<QPushButton>(form, "KhSzGyTorol"), Qt::LeftButton);
     QCOMPARE(fixture.state.selection.SzedettGyCount, 0);
     QCOMPARE(fixture.state.selection.SzedettGy[0], -1);
 }
@@ -208,13 +206,13 @@ void TestRvkh::sideEffectWindowSharesTheSelectionAndResetsTheSlots()
     mh.show();  // resets the slots but keeps the count
     QCOMPARE(fixture.state.selection.SzedettGyCount, 2);
     QCOMPARE(fixture.state.selection.SzedettGy[0], -1);
-    QCOMPARE(child<QListWidget>(mh, "MhSzedettGyList")->count(), 0);
+    QCOMPARE(control<QListWidget>(mh, "MhSzedettGyList")->count(), 0);
     // A drug added in the side-effect window counts in the interaction window too.
-    child<QComboBox>(mh, "GyList")->setCurrentIndex(2);
-    QTest::mouseClick(child<QPushButton>(mh, "GyToList"), Qt::LeftButton);
+    control<QComboBox>(mh, "GyList")->setCurrentIndex(2);
+    QTest::mouseClick(control<QPushButton>(mh, "GyToList"), Qt::LeftButton);
     QCOMPARE(fixture.state.selection.SzedettGy[2], 2);
     MessageRecorder messages;
-    QTest::mouseClick(child<QPushButton>(kh, "Ellenoriz"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(kh, "Ellenoriz"), Qt::LeftButton);
     QCOMPARE(messages.texts(),
              QStringList{QStringLiteral("A vizsgálat nem talált kölcsönhatást és ellenjavallatot.")});
 }

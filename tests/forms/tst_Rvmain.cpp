@@ -1,6 +1,7 @@
 // The main window driven by its control names: menu, shortcuts, title and age warning, parameters,
 // registry defaults, help key, and the single-instance guard between two real rvw32 processes.
 #include <QAction>
+#include <QApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QLabel>
@@ -64,10 +65,10 @@ private slots:
 
     void menuHoldsEveryItemWithCaptionAndShortcut();
     void attachedWindowOpensFromItsItemAndShortcut();
-    void duplicateCtrlRFiresTheFirstEnabledItem();
+    void duplicateCtrlRAndMnemonicR_data();
+    void duplicateCtrlRAndMnemonicR();
     void titleCarriesClosingDateAndAgeWarning_data();
     void titleCarriesClosingDateAndAgeWarning();
-    void missingDatabaseFileLeavesTitleAlone();
     void parametersChooseWhatOpens_data();
     void parametersChooseWhatOpens();
     void cleanProfileGetsEveryRegistryDefault();
@@ -183,37 +184,59 @@ void TestRvmain::attachedWindowOpensFromItsItemAndShortcut()
     QVERIFY(listMode);  // the menu sets the list mode to 3 first
 }
 
-void TestRvmain::duplicateCtrlRFiresTheFirstEnabledItem()
+void TestRvmain::duplicateCtrlRAndMnemonicR_data()
 {
+    QTest::addColumn<bool>("detailedListThere");
+    QTest::addColumn<QStringList>("keys");
+    QTest::addColumn<QString>("opened");
+    QTest::newRow("Ctrl+R: the first item") << true << QStringList{"Ctrl+R"} << "detailed list";
+    QTest::newRow("Ctrl+R again: every press") << true << QStringList{"Ctrl+R", "Ctrl+R"} << "detailed list";
+    QTest::newRow("Ctrl+R, first item disabled") << false << QStringList{"Ctrl+R"} << "regulations";
+    // The menu opens with its first item marked; R marks the next item with that mnemonic, round.
+    QTest::newRow("R marks, opens nothing") << true << QStringList{"Alt+G", "R"} << "";
+    QTest::newRow("R, Enter") << true << QStringList{"Alt+G", "R", "Enter"} << "regulations";
+    QTest::newRow("R, R, Enter: round again")
+        << true << QStringList{"Alt+G", "R", "R", "Enter"} << "detailed list";
+}
+
+// Both items carry Ctrl+R and the mnemonic R. Ctrl+R opens the first enabled one, every time. The
+// "&Gyógyszer" menu opens with its first item marked; R marks the next item with that mnemonic (so
+// first "&Rendeletek", then "&Részletes lista" again) and opens nothing; Enter opens the one marked.
+void TestRvmain::duplicateCtrlRAndMnemonicR()
+{
+    QFETCH(bool, detailedListThere);
+    QFETCH(QStringList, keys);
+    QFETCH(QString, opened);
     TMain main({});
     QWidget regulations;
+    QWidget detailedList;
     main.attachWindow(TMain::Window::Rend, &regulations);
+    if (detailedListThere) main.attachWindow(TMain::Window::RefForm, &detailedList);
     main.show();
     QVERIFY(QTest::qWaitForWindowActive(&main));
-    // The detailed list is not there: Ctrl+R reaches the regulations.
-    QTest::keyClick(&main, Qt::Key_R, Qt::ControlModifier);
-    QVERIFY(regulations.isVisible());
-    regulations.hide();
-
-    QWidget detailedList;
-    main.attachWindow(TMain::Window::RefForm, &detailedList);
-    main.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&main));
-    for (int press = 0; press < 2; ++press) {  // every press, not every other one
-        QTest::keyClick(&main, Qt::Key_R, Qt::ControlModifier);
-        QVERIFY(detailedList.isVisible());
-        QVERIFY(!regulations.isVisible());
-        detailedList.hide();
-        main.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&main));
+    for (const QString& key : keys) {
+        if (key == "Ctrl+R") {
+            detailedList.hide();
+            main.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&main));
+            QTest::keyClick(&main, Qt::Key_R, Qt::ControlModifier);
+        } else if (key == "Alt+G") {
+            QTest::keyClick(&main, Qt::Key_G, Qt::AltModifier);
+            QTRY_VERIFY(QApplication::activePopupWidget());
+        } else {  // to the open menu, as the keyboard sends it
+            QTest::keyClick(static_cast<QWidget*>(nullptr), key == "R" ? Qt::Key_R : Qt::Key_Return);
+        }
     }
+    QCOMPARE(detailedList.isVisible(), opened == "detailed list");
+    QCOMPARE(regulations.isVisible(), opened == "regulations");
 }
 
 void TestRvmain::titleCarriesClosingDateAndAgeWarning_data()
 {
-    QTest::addColumn<int>("months");
+    QTest::addColumn<int>("months");  // -1: no gy.ful, the title stays as it is
     QTest::addColumn<QString>("suffix");
     QTest::addColumn<QStringList>("messages");
+    QTest::newRow("no database file") << -1 << QString() << QStringList{};
     QTest::newRow("two months") << 2 << QString() << QStringList{};
     QTest::newRow("four months") << 4 << QString::fromUtf8(" - Az adatbázis veszített aktualitásából! ")
                                  << QStringList{kMilder};
@@ -227,21 +250,17 @@ void TestRvmain::titleCarriesClosingDateAndAgeWarning()
     QFETCH(int, months);
     QFETCH(QString, suffix);
     QFETCH(QStringList, messages);
-    setDatabaseAge(*m_data, months);
+    if (months < 0)
+        m_data->remove("gy.ful");
+    else
+        setDatabaseAge(*m_data, months);
     TMain main({});
-    QCOMPARE(main.windowTitle(), QString::fromUtf8("Rovanel - 20261101 Lezárva:2026.11.01") + suffix);
-    QCOMPARE(main.ClosingDate, std::string("20261101"));
+    QCOMPARE(main.windowTitle(), months < 0
+                                     ? QString("Rovanel")
+                                     : QString::fromUtf8("Rovanel - 20261101 Lezárva:2026.11.01") + suffix);
+    QCOMPARE(main.ClosingDate, std::string(months < 0 ? "" : "20261101"));
     QCOMPARE(m_messages->texts(), messages);
     if (!messages.isEmpty()) QCOMPARE(m_messages->captions(), QStringList{"Rovanel"});
-}
-
-void TestRvmain::missingDatabaseFileLeavesTitleAlone()
-{
-    m_data->remove("gy.ful");
-    TMain main({});
-    QCOMPARE(main.windowTitle(), QString("Rovanel"));
-    QVERIFY(main.ClosingDate.empty());
-    QVERIFY(m_messages->texts().isEmpty());
 }
 
 void TestRvmain::parametersChooseWhatOpens_data()
@@ -339,6 +358,17 @@ void TestRvmain::helpKeyOpensTheMainWindowPage()
     QVERIFY(helpPagePath(100).endsWith("help/100.html"));
     QVERIFY(QFile::exists(helpPagePath(100)));
     QVERIFY(helpPagePath(99999).endsWith("help/index.html"));
+
+    // The real help window: F1 opens it on the page, Escape closes it.
+    QTest::keyClick(&main, Qt::Key_F1);
+    QWidget* help = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == "HelpBrowser") help = window;
+    QVERIFY(help);
+    QTRY_VERIFY(help->isVisible());
+    QVERIFY(QTest::qWaitForWindowActive(help));
+    QTest::keyClick(help, Qt::Key_Escape);
+    QVERIFY(!help->isVisible());
 }
 
 void TestRvmain::closingReleasesTheTablesAndEndsTheProgram()

@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/EngineWindows.h"
 #include "tests/forms/support/MessageRecorder.h"
 #include "views/forms/Rvmh.h"
@@ -30,19 +31,11 @@ EngineDatabase database()
     return db;
 }
 
-template <typename T>
-T* child(QWidget& form, const char* name)
-{
-    T* found = form.findChild<T*>(name);
-    if (!found) qFatal("control %s is missing", name);
-    return found;
-}
-
 void search(TMh& form, int node)
 {
-    auto* tree = child<QTreeWidget>(form, "MhTree");
+    auto* tree = control<QTreeWidget>(form, "MhTree");
     tree->setCurrentItem(tree->topLevelItem(node));
-    QTest::mouseClick(child<QPushButton>(form, "MhKeres"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "MhKeres"), Qt::LeftButton);
 }
 
 }  // namespace
@@ -63,20 +56,20 @@ void TestRvmh::searchAmongAllThenAmongTheDrugsTaken()
     QCOMPARE(form.windowTitle().left(13), QStringLiteral("Mellékhatások"));
     MessageRecorder messages;
     search(form, 0);
-    auto* found = child<QListWidget>(form, "MhGyList");
+    auto* found = control<QListWidget>(form, "MhGyList");
     QCOMPARE(found->count(), 2);
     QCOMPARE(found->item(1)->text(), QStringLiteral("P107"));
 
-    child<QComboBox>(form, "GyList")->setCurrentIndex(5);
-    QTest::mouseClick(child<QPushButton>(form, "GyToList"), Qt::LeftButton);
+    control<QComboBox>(form, "GyList")->setCurrentIndex(5);
+    QTest::mouseClick(control<QPushButton>(form, "GyToList"), Qt::LeftButton);
     QCOMPARE(found->count(), 0);
     search(form, 0);
     QCOMPARE(found->count(), 0);
     QCOMPARE(
         messages.texts(),
         QStringList{QStringLiteral("A szedett gyógyszerek közül egyik sem okozhatja ezt a mellékhatást.")});
-    child<QComboBox>(form, "GyList")->setCurrentIndex(7);
-    QTest::mouseClick(child<QPushButton>(form, "GyToList"), Qt::LeftButton);
+    control<QComboBox>(form, "GyList")->setCurrentIndex(7);
+    QTest::mouseClick(control<QPushButton>(form, "GyToList"), Qt::LeftButton);
     search(form, 0);
     QCOMPARE(found->count(), 1);
     QCOMPARE(found->item(0)->text(), QStringLiteral("P107"));
@@ -89,7 +82,7 @@ void TestRvmh::over600ShowsTheMessageAndThePreviousResultAgain()
     form.show();
     MessageRecorder messages;
     search(form, 2);
-    auto* found = child<QListWidget>(form, "MhGyList");
+    auto* found = control<QListWidget>(form, "MhGyList");
     QCOMPARE(found->count(), 600);
     QVERIFY(messages.texts().isEmpty());
     search(form, 0);

@@ -10,9 +10,12 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "app/IniFile.h"
 #include "app/RegistrySettings.h"
+#include "app/UserPaths.h"
 #include "db/DataFile.h"
 #include "pricelist/forms/Rvref.h"
+#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/EngineWindows.h"
 #include "tests/forms/support/MessageRecorder.h"
 #include "tests/support/DetailedListDatabase.h"
@@ -29,17 +32,17 @@ private slots:
     void codeSearch();
     void textSearchWalksTheTree();
     void pickingAProductListsItsGroup();
+    void ttPackagesHiddenOnlyForExactlyIgen_data();
+    void ttPackagesHiddenOnlyForExactlyIgen();
     void columnWidthsAreSavedAndRestored();
     void kgyAddAppendsTheSelectedRow();
     void doubleClickOpensTheDescription();
 
 private:
     template <typename T>
-    T* child(const char* name)
+    T* child(const char* name, const char* file = __builtin_FILE(), int line = __builtin_LINE())
     {
-        T* found = m_form->findChild<T*>(name);
-        if (!found) qFatal("no control %s", name);
-        return found;
+        return control<T>(*m_form, name, file, line);
     }
     void doubleClickNode(int node);
     void selectRow(const QString& name);
@@ -116,17 +119,6 @@ QString TestRvref::header(int column)
 void TestRvref::opensWithEveryControlAndColumn()
 {
     QCOMPARE(m_form->windowTitle(), QString("Részletes lista"));
-    for (const char* name : {"RefLst",       "Gylist",
-                             "GyTapRb",      "AtcTree",
-                             "AtcSzovegGrp", "AtcTxtEdt",
-                             "AtcTxtKeres",  "AtcTxtNext",
-                             "AtcKodGrp",    "AtcKodEdt",
-                             "AtcKodKeres",  "ShowAtcList",
-                             "KgyAdd",       "HasznalatiUtmutato",
-                             "TfxNorm",      "TfxTerkot",
-                             "TfxTerment",   "GroupBox1",
-                             "SaveColWidth", "DefColWidth"})
-        QVERIFY2(m_form->findChild<QWidget*>(name), name);
     QCOMPARE(child<QPushButton>("TfxTerkot")->text(), QString("TfxTerkot"));
     QVERIFY(!child<QPushButton>("TfxTerkot")->isEnabled());
     QVERIFY(child<QCheckBox>("ShowAtcList")->isChecked());
@@ -212,12 +204,47 @@ void TestRvref::textSearchWalksTheTree()
 void TestRvref::pickingAProductListsItsGroup()
 {
     auto* gylist = child<QComboBox>("Gylist");
-    const int index = gylist->findText("EPSZILON 5 MG");
-    QVERIFY(index >= 0);
-    gylist->setCurrentIndex(index);
-    emit gylist->activated(index);
+    pickByTyping(gylist, "szilon");  // any part of the name, any case
+    QCOMPARE(gylist->currentText(), QString("EPSZILON 5 MG"));
     QCOMPARE(child<QTreeWidget>("AtcTree")->currentItem()->text(0), QString("felodipin (C08CA-02)"));
     QCOMPARE(names(), (QStringList{"EPSZILON 5 MG", "ZETA 5 MG", "ETA 5 MG"}));
+}
+
+void TestRvref::ttPackagesHiddenOnlyForExactlyIgen_data()
+{
+    QTest::addColumn<QString>("databaseValue");
+    QTest::addColumn<QString>("userValue");
+    QTest::addColumn<QStringList>("listed");
+    const QStringList all{"EPSZILON 5 MG", "ZETA 5 MG", "ETA 5 MG"};
+    const QStringList withoutTt{"EPSZILON 5 MG", "ETA 5 MG"};
+    QTest::newRow("the user's IGEN") << "NEM"
+                                     << "IGEN" << withoutTt;
+    QTest::newRow("the database's IGEN, the user's unset") << "IGEN"
+                                                           << "" << withoutTt;
+    QTest::newRow("the user's NEM over the database's IGEN") << "IGEN"
+                                                             << "NEM" << all;
+    QTest::newRow("a value that only holds IGEN") << ""
+                                                  << "NEMIGEN" << all;
+}
+
+// The description window's check box writes the user's setting; the detailed list reads that one.
+void TestRvref::ttPackagesHiddenOnlyForExactlyIgen()
+{
+    QFETCH(QString, databaseValue);
+    QFETCH(QString, userValue);
+    QFETCH(QStringList, listed);
+    const auto write = [](const std::filesystem::path& file, const QString& value) {
+        if (!value.isEmpty())
+            QVERIFY(rovanel::writeProfileString(file, "Rovanel Beallitasok", "TTNemKellLeirasba",
+                                                value.toStdString()));
+    };
+    write(rovanel::settingsFilePath(m_window->state.tables.dataDirectory), databaseValue);
+    write(rovanel::userIniPath(), userValue);
+    m_form = std::make_unique<TRefForm>(m_window->state, *m_registry);
+    m_form->show();
+    QTest::keyClicks(child<QLineEdit>("AtcKodEdt"), "C08CA02");
+    QTest::mouseClick(child<QPushButton>("AtcKodKeres"), Qt::LeftButton);
+    QCOMPARE(names(), listed);
 }
 
 void TestRvref::columnWidthsAreSavedAndRestored()

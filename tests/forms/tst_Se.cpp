@@ -58,26 +58,26 @@ void TestSe::treeSearchListsHitsAndAGroupsAidShowsItsDescription()
     TSegedeszk form(fixture.state);
     form.show();
     QCOMPARE(form.windowTitle(), QStringLiteral("Gyógyászati segédeszközök"));
-    QVERIFY(child<QRadioButton>(form, "FabaListaba1")->isChecked());
-    auto* tree = child<QTreeWidget>(form, "SeTree");
+    QVERIFY(control<QRadioButton>(form, "FabaListaba1")->isChecked());
+    auto* tree = control<QTreeWidget>(form, "SeTree");
     QCOMPARE(tree->topLevelItemCount(), 1);
     QCOMPARE(tree->topLevelItem(0)->child(1)->toolTip(0), QStringLiteral("01 02"));
 
-    QTest::keyClicks(child<QLineEdit>(form, "SeEdt"), QStringLiteral("JÁRÁST"));
-    QTest::mouseClick(child<QPushButton>(form, "SeKeres"), Qt::LeftButton);
-    auto* found = child<QListWidget>(form, "FoundSeLst");
+    QTest::keyClicks(control<QLineEdit>(form, "SeEdt"), QStringLiteral("JÁRÁST"));
+    QTest::mouseClick(control<QPushButton>(form, "SeKeres"), Qt::LeftButton);
+    auto* found = control<QListWidget>(form, "FoundSeLst");
     QCOMPARE(texts(found), QStringList{QStringLiteral("01 02 Járást segítők")});
-    QVERIFY(!child<QPushButton>(form, "SeNext")->isEnabled());
+    QVERIFY(!control<QPushButton>(form, "SeNext")->isEnabled());
 
     const QPoint hit = found->visualItemRect(found->item(0)).center();
     QTest::mouseClick(found->viewport(), Qt::LeftButton, {}, hit);
     QTest::mouseDClick(found->viewport(), Qt::LeftButton, {}, hit);
     QCOMPARE(tree->currentItem()->text(0), QStringLiteral("01 02 Járást segítők"));
-    auto* list = child<QTreeWidget>(form, "SeList");
+    auto* list = control<QTreeWidget>(form, "SeList");
     QCOMPARE(list->topLevelItemCount(), 1);
     QCOMPARE(list->topLevelItem(0)->text(0), QStringLiteral("Járókeret darab"));
     list->setCurrentItem(list->topLevelItem(0));
-    QCOMPARE(child<QPlainTextEdit>(form, "SeDesc")->toPlainText(),
+    QCOMPARE(control<QPlainTextEdit>(form, "SeDesc")->toPlainText(),
              QStringLiteral("Járókeret darab\nBruttó ár: 300Ft\tTámogatás: 250Ft\tTérítési díj: 50Ft"
                             "\nFizetendő emelt indikációra: 20 Támogatás emelt indikációra: 280"
                             "\n---Felírható mennyiség: Normativ=1 ,emelt=1,kiemelt=-"
@@ -92,24 +92,24 @@ void TestSe::oneByOneSelectsEachHitInTurn()
     writeCatalogue(fixture);
     TSegedeszk form(fixture.state);
     form.show();
-    auto* tree = child<QTreeWidget>(form, "SeTree");
-    auto* oneByOne = child<QRadioButton>(form, "FabaListaba0");
+    auto* tree = control<QTreeWidget>(form, "SeTree");
+    auto* oneByOne = control<QRadioButton>(form, "FabaListaba0");
     QTest::mouseClick(oneByOne, Qt::LeftButton, {}, QPoint(6, oneByOne->height() / 2));  // on its circle
     QVERIFY(oneByOne->isChecked());
-    QTest::keyClicks(child<QLineEdit>(form, "SeEdt"), QStringLiteral("01"));
-    QTest::mouseClick(child<QPushButton>(form, "SeKeres"), Qt::LeftButton);
-    QVERIFY(child<QPushButton>(form, "SeNext")->isEnabled());
-    QCOMPARE(child<QListWidget>(form, "FoundSeLst")->count(), 0);
+    QTest::keyClicks(control<QLineEdit>(form, "SeEdt"), QStringLiteral("01"));
+    QTest::mouseClick(control<QPushButton>(form, "SeKeres"), Qt::LeftButton);
+    QVERIFY(control<QPushButton>(form, "SeNext")->isEnabled());
+    QCOMPARE(control<QListWidget>(form, "FoundSeLst")->count(), 0);
     QCOMPARE(tree->currentItem()->text(0), QStringLiteral("01 Ortézisek"));
-    QTest::mouseClick(child<QPushButton>(form, "SeNext"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "SeNext"), Qt::LeftButton);
     QCOMPARE(tree->currentItem()->text(0), QStringLiteral("01 01 Alsó végtag"));
-    QTest::mouseClick(child<QPushButton>(form, "SeNext"), Qt::LeftButton);
-    QTest::mouseClick(child<QPushButton>(form, "SeNext"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "SeNext"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "SeNext"), Qt::LeftButton);
     QCOMPARE(tree->currentItem()->text(0), QStringLiteral("01 02 Járást segítők"));  // the last hit stays
 
-    QTest::mouseClick(child<QPushButton>(form, "SeTreeExpand"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "SeTreeExpand"), Qt::LeftButton);
     QVERIFY(tree->topLevelItem(0)->isExpanded());
-    QTest::mouseClick(child<QPushButton>(form, "SeTreeCollapse"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "SeTreeCollapse"), Qt::LeftButton);
     QVERIFY(!tree->topLevelItem(0)->isExpanded());
 }
 
@@ -119,16 +119,17 @@ void TestSe::nameSearchFindsTheAidInItsGroup()
     writeCatalogue(fixture);
     TSegedeszk form(fixture.state);
     form.show();
-    QTest::keyClicks(child<QLineEdit>(form, "SeEdt"), QStringLiteral("bokaORT"));
-    QTest::mouseClick(child<QPushButton>(form, "SeNevKeres"), Qt::LeftButton);
-    auto* found = child<QListWidget>(form, "FoundSeLst");
+    QTest::keyClicks(control<QLineEdit>(form, "SeEdt"), QStringLiteral("bokaORT"));
+    QTest::mouseClick(control<QPushButton>(form, "SeNevKeres"), Qt::LeftButton);
+    auto* found = control<QListWidget>(form, "FoundSeLst");
     QCOMPARE(texts(found), QStringList{QStringLiteral("Bokaortézis pár")});
     found->setCurrentRow(0);
     QTest::mouseClick(found->viewport(), Qt::LeftButton, {}, found->visualItemRect(found->item(0)).center());
-    QCOMPARE(child<QTreeWidget>(form, "SeTree")->currentItem()->text(0), QStringLiteral("01 01 Alsó végtag"));
-    QTest::mouseClick(child<QPushButton>(form, "SeListaz"), Qt::LeftButton);
-    QCOMPARE(child<QTreeWidget>(form, "SeList")->topLevelItemCount(), 2);
-    QCOMPARE(child<QPlainTextEdit>(form, "SeDesc")->toPlainText(),
+    QCOMPARE(control<QTreeWidget>(form, "SeTree")->currentItem()->text(0),
+             QStringLiteral("01 01 Alsó végtag"));
+    QTest::mouseClick(control<QPushButton>(form, "SeListaz"), Qt::LeftButton);
+    QCOMPARE(control<QTreeWidget>(form, "SeList")->topLevelItemCount(), 2);
+    QCOMPARE(control<QPlainTextEdit>(form, "SeDesc")->toPlainText(),
              QStringLiteral("Bokaortézis pár\n - Nem támogatott termék, nincs árinformáció - "
                             "\n---Felírható mennyiség: Normativ=2 ,emelt=-,kiemelt=-"
                             "\n---Kihordási idő: Normativ=6, emelt= -,kiemelt=-  hónap"
@@ -140,15 +141,16 @@ void TestSe::missingFilesLeaveTheWindowEmpty()
     CatalogueWindowState fixture;
     TSegedeszk form(fixture.state);
     form.show();
-    QCOMPARE(child<QTreeWidget>(form, "SeTree")->topLevelItemCount(), 0);
-    QTest::mouseClick(child<QPushButton>(form, "SeKeres"), Qt::LeftButton);
-    QTest::mouseClick(child<QPushButton>(form, "SeNevKeres"), Qt::LeftButton);
-    QTest::mouseClick(child<QPushButton>(form, "SeListaz"), Qt::LeftButton);
-    QCOMPARE(child<QTreeWidget>(form, "SeList")->topLevelItemCount(), 0);
+    QCOMPARE(control<QTreeWidget>(form, "SeTree")->topLevelItemCount(), 0);
+    QTest::mouseClick(control<QPushButton>(form, "SeKeres"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "SeNevKeres"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(form, "SeListaz"), Qt::LeftButton);
+    QCOMPARE(control<QTreeWidget>(form, "SeList")->topLevelItemCount(), 0);
     form.hide();
     writeCatalogue(fixture);
     form.show();
-    QCOMPARE(child<QTreeWidget>(form, "SeTree")->topLevelItemCount(), 1);  // tried again at the next showing
+    QCOMPARE(control<QTreeWidget>(form, "SeTree")->topLevelItemCount(),
+             1);  // tried again at the next showing
 }
 
 QTEST_MAIN(TestSe)

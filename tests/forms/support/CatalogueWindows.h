@@ -11,6 +11,7 @@
 #include "db/MessageCatalog.h"
 #include "db/MessageTable.h"
 #include "db/SharedState.h"
+#include "tests/forms/support/Controls.h"
 #include "tests/support/ScratchDirectory.h"
 
 struct CatalogueWindowState {
@@ -36,12 +37,4 @@ inline void typeText(QWidget* widget, const QString& text)
 {
     for (const QChar c : text)
         QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
-}
-
-template <typename T>
-T* child(QWidget& form, const char* name)
-{
-    T* found = form.findChild<T*>(name);
-    if (!found) qFatal("control %s is missing", name);
-    return found;
 }

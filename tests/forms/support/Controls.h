@@ -4,6 +4,10 @@
 //   auto* add = control<QPushButton>(form, "GyToList");
 #pragma once
 
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QCompleter>
+#include <QLineEdit>
 #include <QObject>
 #include <QTest>
 #include <string>
@@ -16,4 +20,17 @@ T* control(const QObject& parent, const char* name, const char* file = __builtin
     QTest::qFail(("control " + std::string(name) + " is missing").c_str(), file, line);
     static T* standIn = new T;  // never shown; kept to the end of the program
     return standIn;
+}
+
+// Picks from a name list as a user does: types `typed` into its edit line and presses Enter on the
+// filtered list, which picks the first match.
+inline void pickByTyping(QComboBox* list, const QString& typed)
+{
+    list->window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(list->window()));
+    list->setFocus();
+    list->lineEdit()->clear();
+    QTest::keyClicks(list->lineEdit(), typed);
+    QTRY_VERIFY(list->completer()->popup()->isVisible());
+    QTest::keyClick(list->completer()->popup(), Qt::Key_Return);
 }

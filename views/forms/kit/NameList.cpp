@@ -1,6 +1,8 @@
 #include "views/forms/kit/NameList.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSortFilterProxyModel>
 #include <QStringList>
@@ -71,9 +73,24 @@ NameList::NameList(const char* objectName, QWidget* parent) : QComboBox(parent)
     setCompleter(completer);
 
     // The filter follows the text before the completer shows its list; Down then highlights the first
-    // match, and Enter or a click picks the highlighted one.
+    // match, and Enter or a click picks the highlighted one. Enter before any arrow picks the first match:
+    // this filter runs before the completer's own, which then picks the row made current here.
     connect(lineEdit(), &QLineEdit::textEdited, this,
             [filter](const QString& text) { filter->setNeedle(searchKey(text)); });
+    completer->popup()->installEventFilter(this);
+}
+
+bool NameList::eventFilter(QObject* watched, QEvent* event)
+{
+    QAbstractItemView* popup = completer()->popup();
+    if (watched == popup && event->type() == QEvent::KeyPress && popup->isVisible() &&
+        !popup->currentIndex().isValid()) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        const QAbstractItemModel* shown = completer()->completionModel();
+        if ((key == Qt::Key_Return || key == Qt::Key_Enter) && shown->rowCount() > 0)
+            popup->setCurrentIndex(shown->index(0, 0));
+    }
+    return QComboBox::eventFilter(watched, event);
 }
 
 void NameList::setNames(const std::vector<std::string>& names)

@@ -2,8 +2,9 @@
 // stays what the list has always meant (a record or ingredient number), with a filter that opens under
 // the edit line as the physician types. The filter shows every item that contains the typed text,
 // compared without case and accents ("amlo" finds "AMLODIPIN", "szedules" finds "Szédülés"), in the
-// list's own order. Arrows move in it; Enter or a click picks an item, which becomes the combo's
-// current item and is announced by activated(index), exactly as choosing it from the drop-down list.
+// list's own order. Arrows move in it; Enter or a click picks an item (Enter before any arrow the first one
+// shown), which becomes the combo's current item and is announced by activated(index), exactly as choosing it
+// from the drop-down list.
 #pragma once
 
 #include <QComboBox>
@@ -28,6 +29,9 @@ public:
 
     // The text the filter compares: case-folded, accents dropped ("Ő" and "ő" both give "o").
     [[nodiscard]] static QString searchKey(const QString& text);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
 }  // namespace rovanel::forms

@@ -16,8 +16,7 @@ namespace rovanel::forms
 TakenDrugs::TakenDrugs(rovanel::SharedState& state, const Controls& controls, QWidget* parent)
     : QWidget(parent), m_state(state)
 {
-    m_list = new QListWidget(this);
-    m_list->setObjectName(controls.list);
+    m_list = nameLines(controls.list, this);  // long names elided, whole in the tooltip
     auto* remove = new QPushButton(QString::fromUtf8(controls.removeCaption), this);
     remove->setObjectName(controls.remove);
     auto* clear = new QPushButton(QString::fromUtf8(controls.clearCaption), this);

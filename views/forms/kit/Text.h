@@ -13,4 +13,8 @@ namespace rovanel::forms
 // Characters outside Windows-1250 become '?'.
 [[nodiscard]] std::string toCp1250(const QString& text);
 
+// Text between the core's files (Windows-1250, CR LF) and a plain text box (Unicode, LF).
+[[nodiscard]] QString boxText(std::string_view fileText);
+[[nodiscard]] std::string fileText(const QString& boxText);
+
 }  // namespace rovanel::forms
