@@ -491,7 +491,8 @@ TEST(CorruptionSweep, ImporterRefusesOrWritesAConsistentDatabaseFromEveryDamaged
     const auto list = damages();
     for (const std::string_view relative :
          {std::string_view("neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv"), kAtcBookFile,
-          kEuPointsFile, kEuTextsFile}) {
+          kEuPointsFile, kEuTextsFile, kBnoCodesFile, kBnoLinksFile, kRightsFile, kSpecialtiesFile,
+          kAidsFile}) {
         const std::string file(relative), original = source.read(file);
         for (const Damage& damage : list) {
             source.write(file, damage.apply(original));

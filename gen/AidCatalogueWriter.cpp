@@ -4,6 +4,7 @@
 #include <array>
 #include <fstream>
 #include <map>
+#include <optional>
 
 #include "catalogues/AidFields.h"
 #include "db/Cp1250.h"
@@ -105,11 +106,17 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(const Generat
         std::clamp<std::size_t>(static_cast<std::size_t>(std::max(options.products, 0)) / 3, 60, book.size());
     std::vector<const AidBookEntry*> aids;
     for (std::size_t j = 0; j < wanted; ++j) aids.push_back(&book[j * book.size() / wanted]);
+    return aidCatalogueFiles(aids, options.seed);
+}
 
+std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(
+    const std::vector<const AidBookEntry*>& aids, std::optional<std::uint64_t> ownDetailsSeed)
+{
     // se.dat and the names, in code order; where each group's run begins.
     std::string se, senev;
     std::map<std::string, std::size_t> groupStart;
-    std::uint64_t mix = options.seed * 0x9E3779B97F4A7C15ULL + 1;
+    const bool own = ownDetailsSeed.has_value();
+    std::uint64_t mix = ownDetailsSeed.value_or(0) * 0x9E3779B97F4A7C15ULL + 1;
     for (const AidBookEntry* entry : aids) {
         const std::string code = entry->isoCode;
         // Groups of 2 to 10 digits, and of 12 for the 15-digit codes: at least three digits name the aid.
@@ -123,7 +130,7 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(const Generat
         const bool eu = entry->increasedPercent != 0;
         const bool highlighted = eu && entry->increasedPercent >= 98;
         const long euSupport = entry->grossPrice - entry->increasedPatientFee;
-        const Limits limits = limitsOf(code);
+        const Limits limits = own ? limitsOf(code) : Limits{"-", "-"};
         std::array<std::string, aid::kFieldCount> f;
         f[aid::kCode] = code;
         f[aid::kName] = cp(entry->name);
@@ -135,7 +142,7 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(const Generat
         f[aid::kIncreasedSupport] = eu && !highlighted ? amount(euSupport) : "0";
         f[aid::kHighlightedPayable] = highlighted ? amount(entry->increasedPatientFee) : "0";
         f[aid::kHighlightedSupport] = highlighted ? amount(euSupport) : "0";
-        f[aid::kStandardNoteMark] = (mix >> 40) % 7 == 0 ? "N" : "I";
+        f[aid::kStandardNoteMark] = own && (mix >> 40) % 7 == 0 ? "N" : "I";
         f[aid::kQuantityNormative] = cp(limits.quantity);
         f[aid::kQuantityIncreased] = eu && !highlighted ? cp(limits.quantity) : "-";
         f[aid::kQuantityHighlighted] = highlighted ? cp(limits.quantity) : "-";
@@ -167,8 +174,10 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(const Generat
         iso += spaced(group) + "\r\n";
     }
     std::string notes;
-    for (const NoteSource& note : kNotes)
-        notes += std::string(note.code) + "\t" + std::to_string(note.kind) + "\t" + cp(note.text) + "\r\n";
+    if (own)
+        for (const NoteSource& note : kNotes)
+            notes +=
+                std::string(note.code) + "\t" + std::to_string(note.kind) + "\t" + cp(note.text) + "\r\n";
 
     return {{"senrend2.dat", tree}, {"sekod2.dat", codes}, {"sepos.dat", positions},
             {"seiso.dat", iso},     {"senev.dat", senev},  {"semegj.dat", notes},
