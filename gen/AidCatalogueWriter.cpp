@@ -115,11 +115,13 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(
     // se.dat and the names, in code order; where each group's run begins.
     std::string se, senev;
     std::map<std::string, std::size_t> groupStart;
+    std::vector<std::size_t> starts;  // of each aid's line
     const bool own = ownDetailsSeed.has_value();
     std::uint64_t mix = ownDetailsSeed.value_or(0) * 0x9E3779B97F4A7C15ULL + 1;
     for (const AidBookEntry* entry : aids) {
         const std::string code = entry->isoCode;
         // Groups of 2 to 10 digits, and of 12 for the 15-digit codes: at least three digits name the aid.
+        starts.push_back(se.size());
         for (std::size_t length = 2; length + 3 <= code.size(); length += 2)
             groupStart.try_emplace(code.substr(0, length), se.size());
         mix ^= mix >> 31;
@@ -162,6 +164,15 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(
         senev += f[aid::kName] + " " + f[aid::kPackaging] + "\t" + code + "\r\n";
     }
 
+    // A group's aids begin at the first code that begins with the group (a shorter code may begin with a
+    // group made for a longer one).
+    for (auto& [group, start] : groupStart) {
+        const auto first = std::lower_bound(aids.begin(), aids.end(), group,
+                                            [](const AidBookEntry* aid, const std::string& code) {
+                                                return std::string_view(aid->isoCode) < code;
+                                            });
+        start = starts[static_cast<std::size_t>(first - aids.begin())];
+    }
     // A prefix sorts before every longer code it begins, so code order is the tree's pre-order.
     std::string tree, codes, positions, iso;
     for (const auto& [group, start] : groupStart) {

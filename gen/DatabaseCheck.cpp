@@ -199,6 +199,96 @@ bool validCode(std::string_view code)
     return !code.empty() && code.find_first_of(" \t~#") == std::string_view::npos;
 }
 
+// The prescription and medical-aid files, each when present (docs/data-format.md 6.4-6.7 and 10). In
+// AnyDatabase mode every rule and qualification key must be a rend.dat code, and no qualification key may be
+// the tail of another code (the qualification check searches "KEY,CODE" anywhere in the file).
+void checkPrescriptionAndAidFiles(const std::filesystem::path& directory, CheckMode mode,
+                                  const std::set<std::string>& regulationCodes, Problems& problems)
+{
+    const auto lines = [&](std::string_view name, std::string& content) {
+        content = readWholeFile(dataFilePath(directory, name)).value_or(std::string());
+        return textLines(name, content, problems);
+    };
+    const bool anyDatabase = mode == CheckMode::AnyDatabase;
+    std::string bno, rules, rights, titles, se, positions, codes, tree, iso, names;
+    std::set<std::string_view> bnoCodes;
+    std::vector<std::string_view> nodes;
+    const auto bnoLines = lines("bno.tre", bno);
+    const auto depths = treeDepths("bno.tre", bnoLines, problems, &nodes);
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        if (depths[i] == 0) continue;
+        const std::string_view code = nodes[i].substr(0, nodes[i].find(' '));
+        if (code.size() < 3 || code.size() > 5 || code.size() + 1 >= nodes[i].size() ||
+            !bnoCodes.insert(code).second)
+            problems.add("bno",
+                         at("bno.tre", i) + "not \"CODE name\" with a unique code of 3 to 5 characters");
+    }
+    const auto ruleLines = lines("bnohr.dat", rules);
+    for (std::size_t i = 0; i < ruleLines.size(); ++i) {
+        const std::string_view line = ruleLines[i], key = line.substr(0, line.find(' '));
+        const std::string_view code =
+            key.size() < line.size() ? line.substr(key.size() + 1) : std::string_view();
+        if (key.empty() || line.size() > 1023 ||
+            (code != "XXXXX" && (code.size() != 5 || !bnoCodes.count(code))))
+            problems.add("bnohr", at("bnohr.dat", i) + "not \"KEY CODE\" with a 5-character code of bno.tre");
+        else if (anyDatabase && !regulationCodes.count(std::string(key)))
+            problems.add("bnohr", at("bnohr.dat", i) + "key " + std::string(key) + " not in rend.dat");
+    }
+    const auto rightLines = lines("szvhr.dat", rights);
+    for (std::size_t i = 0; i < rightLines.size(); ++i) {
+        const std::string_view line = rightLines[i];
+        const std::size_t comma = line.rfind(',');
+        const std::string key(line.substr(0, comma == std::string_view::npos ? 0 : comma));
+        if (key.empty() || line.size() != comma + 7 || !line.ends_with(';') ||
+            line.substr(comma + 1, 5).find_first_not_of("0123456789") != std::string_view::npos) {
+            problems.add("szvhr", at("szvhr.dat", i) + "not \"KEY,QQQQQ;\"");
+            continue;
+        }
+        if (!anyDatabase) continue;
+        if (!regulationCodes.count(key))
+            problems.add("szvhr", at("szvhr.dat", i) + "key " + key + " not in rend.dat");
+        for (const std::string& other : regulationCodes)
+            if (other != key && other.ends_with(key))
+                problems.add("szvhr", at("szvhr.dat", i) + "key " + key + " is the tail of " + other);
+    }
+    const auto titleLines = lines("tamttt.dat", titles);
+    std::set<std::string_view> titleKeys;
+    for (std::size_t i = 0; i < titleLines.size(); ++i) {
+        const std::string_view line = titleLines[i];
+        if (line.size() < 21 || line[9] != ';' || line[20] != ';' ||
+            line.substr(0, 9).find_first_not_of("0123456789") != std::string_view::npos ||
+            line.substr(10, 10).find_first_not_of("01") != std::string_view::npos ||
+            !titleKeys.insert(line.substr(0, 9)).second)
+            problems.add("tamttt",
+                         at("tamttt.dat", i) + "not \"TTT;FLAGS;FEE;FREE\" with a unique 9-digit key");
+    }
+    // The aids: sorted by code, each group's offset the start of its run, one line per node in each list.
+    const auto aidLines = lines("se.dat", se);
+    std::vector<std::size_t> starts;
+    std::string previous;
+    for (std::size_t i = 0, offset = 0; i < aidLines.size(); offset += aidLines[i].size() + 2, ++i) {
+        const std::string code(aidLines[i].substr(0, aidLines[i].find('\t')));
+        if (code <= previous)
+            problems.add("se", at("se.dat", i) + "code " + code + " not after the one before");
+        previous = code;
+        starts.push_back(offset);
+    }
+    const auto groupCodes = lines("sekod2.dat", codes), groupOffsets = lines("sepos.dat", positions);
+    const std::size_t groupNodes = treeDepths("senrend2.dat", lines("senrend2.dat", tree), problems).size();
+    if (groupCodes.size() != groupNodes || groupOffsets.size() != groupNodes ||
+        lines("seiso.dat", iso).size() != groupNodes)
+        problems.add("se", "senrend2.dat, sekod2.dat, sepos.dat, seiso.dat: not one line per group each");
+    if (lines("senev.dat", names).size() != aidLines.size())
+        problems.add("se", "senev.dat: not one line per aid of se.dat");
+    for (std::size_t k = 0; k < groupCodes.size() && k < groupOffsets.size(); ++k) {
+        std::size_t first = 0;
+        while (first < aidLines.size() && !aidLines[first].starts_with(groupCodes[k])) ++first;
+        if (first == aidLines.size() || groupOffsets[k] != std::to_string(starts[first]))
+            problems.add("se", at("sepos.dat", k) + "not the offset of the first aid of group " +
+                                   std::string(groupCodes[k]));
+    }
+}
+
 // A product block as the checker needs it.
 struct Block {
     std::vector<std::string> own, contraindications, sideEffects, supportCodes;
@@ -635,6 +725,7 @@ std::vector<std::string> Checker::run()
         problems.add("zaras", "zaras.inf: not two lines YYYYMMDD and YYYY.MM.DD of the same date");
     if (lines["RV.INI"].empty() || lines["RV.INI"].front() != "[Rovanel Beallitasok]")
         problems.add("ini", "RV.INI: does not open with the section [Rovanel Beallitasok]");
+    checkPrescriptionAndAidFiles(m_directory, m_mode, regulationCodes, problems);
     return problems.take();
 }
 

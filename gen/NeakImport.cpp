@@ -526,6 +526,10 @@ bool Importer::readBno(std::string* error)
         codeOfId[f[0]] = f[1];
         const std::string name = cutTo(cleanText(f[2]), 170);
         if (!treeCode(f[1])) continue;
+        if (!inBnoChapter(f[1])) {
+            warn("BNO code outside every chapter", f[1]);
+            continue;
+        }
         if (name.empty()) {
             warn("BNO code without a name", f[1]);
             continue;

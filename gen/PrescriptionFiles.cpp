@@ -87,6 +87,8 @@ int chapterOf(std::string_view code)
 // whose parent is missing goes one level up ("I10H0" under "I10"). Node text "CODE name".
 }  // namespace
 
+bool inBnoChapter(std::string_view code) { return chapterOf(code) >= 0; }
+
 std::string bnoTreeText(std::span<const BnoBookEntry> entries, std::size_t* nodeCount)
 {
     std::vector<std::vector<const BnoBookEntry*>> byChapter(kChapters.size());

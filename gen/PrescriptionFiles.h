@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -47,6 +48,8 @@ inline constexpr const char* kPlantedAbsentDrug = "900000009";         // no ent
 // under their parents; codes outside every chapter are left out. `nodeCount` gets the number of lines.
 [[nodiscard]] std::string bnoTreeText(std::span<const BnoBookEntry> entries,
                                       std::size_t* nodeCount = nullptr);
+// Whether a code falls in one of the tree's chapters (the others are left out of the tree).
+[[nodiscard]] bool inBnoChapter(std::string_view code);
 // bnohr.dat: one "KEY CODE" line per (key, 5-character code) pair, in the given order.
 [[nodiscard]] std::string bnoRuleText(const std::vector<std::pair<std::string, std::string>>& rules);
 // szvhr.dat: one "KEY,QUALIFICATION;" line per pair, in the given order.
