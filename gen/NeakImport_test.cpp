@@ -10,6 +10,8 @@
 #include "db/DataFile.h"
 #include "gen/DatabaseCheck.h"
 #include "gen/NeakTable.h"
+#include "rx/BnoRules.h"
+#include "rx/Qualification.h"
 #include "tests/support/NeakSource.h"
 #include "tests/support/ScratchDirectory.h"
 
@@ -492,6 +494,25 @@ TEST(NeakImportRealData, BundledDatabaseIsConsistentReproducibleAndComplete)
         ASSERT_TRUE(products.count(c.ttt)) << c.ttt;
         EXPECT_EQ(products.at(c.ttt).name, c.name);
         EXPECT_EQ(products.at(c.ttt).support[5], c.supports);
+    }
+
+    // The BNO check on the real files: a placeholder point refuses every code, a real point admits its own.
+    const RegulationKeys abasaglar =
+        lookupTamttt(readWholeFile(real / "tamttt.dat").value_or(""), "210712376").keys;
+    EXPECT_EQ(abasaglar, (RegulationKeys{"K100", "*E50"}));
+    const struct {
+        RegulationKeys keys;
+        bool feePaying;
+        const char* code;
+        const char* refusal;
+    } checks[] = {{abasaglar, false, "E1090", "Hiba: Nincs hozzárendelt BNO kód"},
+                  {abasaglar, true, "E1090", "Hiba: Nincs hozzárendelt BNO kód"},
+                  {{"KEU8/a1", ""}, false, "R72H0", ""},
+                  {{"KEU8/a1", ""}, false, "G4090", "Hiba: Rendeletben nem szereplő BNO kód"}};
+    for (const auto& check : checks) {
+        const BnoCheckResult result = checkBno(real, check.keys, check.code, check.feePaying, 3);
+        EXPECT_EQ(result.accepted, !*check.refusal) << check.code;
+        EXPECT_EQ(result.message ? cp1250ToUtf8(result.message->text) : "", check.refusal) << check.code;
     }
 }
 
