@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <string>
 #include <utility>
 
@@ -14,23 +15,24 @@
 #include "db/ProductIndex.h"
 #include "db/SharedState.h"
 
-inline rovanel::SharedState& demoSharedState()
+// The startup tables of a database (the demo one unless named), loaded once.
+inline rovanel::SharedState& demoSharedState(const char* database = ROVANEL_DEMO_DB)
 {
-    static rovanel::SharedState* state = [] {
-        auto* made = new rovanel::SharedState;
-        made->tables = rovanel::loadStartupTables(ROVANEL_DEMO_DB,
-                                                  std::filesystem::path(ROVANEL_DEMO_DB) / "no-user.ini");
-        return made;
-    }();
+    static std::map<std::string, rovanel::SharedState*> states;
+    rovanel::SharedState*& state = states[database];
+    if (!state) {
+        state = new rovanel::SharedState;
+        state->tables = rovanel::loadStartupTables(database, std::filesystem::path(database) / "no-user.ini");
+    }
     return *state;
 }
 
 // The ATC group with the most products among those `wanted` accepts (code, product count), and its slot.
 inline std::pair<std::string, std::int64_t> largestGroup(
-    const std::function<bool(std::string_view, std::int32_t)>& wanted)
+    const std::function<bool(std::string_view, std::int32_t)>& wanted, const char* database = ROVANEL_DEMO_DB)
 {
-    const auto& groups = demoSharedState().tables.atcGroupCodes;
-    rovanel::DataFile directory(rovanel::dataFilePath(ROVANEL_DEMO_DB, "atcindin.dat"));
+    const auto& groups = demoSharedState(database).tables.atcGroupCodes;
+    rovanel::DataFile directory(rovanel::dataFilePath(database, "atcindin.dat"));
     std::pair<std::string, std::int64_t> best{"", -1};
     std::int32_t bestCount = -1;
     for (std::size_t k = 0; k < groups.size(); ++k) {
@@ -45,14 +47,15 @@ inline std::pair<std::string, std::int64_t> largestGroup(
 
 // The reads of a group's listing, parsing nothing: the directory record, the list, and `head` bytes of
 // each product's block.
-inline void groupIoFloor(benchmark::State& state, std::int64_t slot, std::size_t head)
+inline void groupIoFloor(benchmark::State& state, std::int64_t slot, std::size_t head,
+                         const char* database = ROVANEL_DEMO_DB)
 {
     std::size_t products = 0;
     for (auto _ : state) {
-        rovanel::DataFile directory(rovanel::dataFilePath(ROVANEL_DEMO_DB, "atcindin.dat"));
-        rovanel::DataFile list(rovanel::dataFilePath(ROVANEL_DEMO_DB, "atcind.dat"));
-        rovanel::DataFile gyful(rovanel::dataFilePath(ROVANEL_DEMO_DB, "gy.ful"));
-        rovanel::DataFile nevpos(rovanel::dataFilePath(ROVANEL_DEMO_DB, "nevpos.dat"));
+        rovanel::DataFile directory(rovanel::dataFilePath(database, "atcindin.dat"));
+        rovanel::DataFile list(rovanel::dataFilePath(database, "atcind.dat"));
+        rovanel::DataFile gyful(rovanel::dataFilePath(database, "gy.ful"));
+        rovanel::DataFile nevpos(rovanel::dataFilePath(database, "nevpos.dat"));
         const auto key = rovanel::keyRecord(directory, slot);
         const auto records = rovanel::readRecordList(list, key->offset, key->count, false);
         std::size_t bytes = 0;

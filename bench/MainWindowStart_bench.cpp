@@ -1,5 +1,5 @@
-// From nothing to a shown main window on the demo database (start-up tables, registry defaults present,
-// age check, title picture, menu), beside an I/O floor that reads the same files' bytes.
+// From nothing to a shown main window on the demo and on the real database (start-up tables, registry
+// defaults present, age check, title picture, menu), beside an I/O floor that reads the same files' bytes.
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
@@ -14,43 +14,39 @@
 namespace
 {
 
-const std::filesystem::path& benchDatabase()
-{
-    static const std::filesystem::path path = ROVANEL_DEMO_DB;
-    return path;
-}
-
 // The data directory as working directory and a settings folder of the benchmark's own.
-void prepare()
+void prepare(const std::filesystem::path& database)
 {
     static const bool prepared = [] {
         benchApplication();
         const auto settings = std::filesystem::temp_directory_path() / "rovanel-bench-settings";
         std::filesystem::create_directories(settings);
         qputenv("ROVANEL_CONFIG_DIR", QByteArray::fromStdString(settings.string()));
-        QDir::setCurrent(QString::fromStdString(benchDatabase().string()));
         return true;
     }();
     (void)prepared;
+    QDir::setCurrent(QString::fromStdString(database.string()));
 }
 
-void MainWindowStart_IoFloor(benchmark::State& state)
+void MainWindowStart_IoFloor(benchmark::State& state, const char* database)
 {
-    prepare();
+    const std::filesystem::path benchDatabase = database;
+    prepare(benchDatabase);
     for (auto _ : state) {
         std::size_t bytes = 0;
         for (const std::string_view name : rovanel::kStartupFileNames)
-            bytes += rovanel::readWholeFile(rovanel::dataFilePath(benchDatabase(), name)).value_or("").size();
+            bytes += rovanel::readWholeFile(rovanel::dataFilePath(benchDatabase, name)).value_or("").size();
         for (const std::string_view name : {"zaras.inf", "Rg0.jpg"})
-            bytes += rovanel::readWholeFile(rovanel::dataFilePath(benchDatabase(), name)).value_or("").size();
+            bytes += rovanel::readWholeFile(rovanel::dataFilePath(benchDatabase, name)).value_or("").size();
         benchmark::DoNotOptimize(bytes);
     }
 }
-BENCHMARK(MainWindowStart_IoFloor)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(MainWindowStart_IoFloor, demo, ROVANEL_DEMO_DB)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(MainWindowStart_IoFloor, real, ROVANEL_REAL_DB)->Unit(benchmark::kMillisecond);
 
-void MainWindowStart(benchmark::State& state)
+void MainWindowStart(benchmark::State& state, const char* database)
 {
-    prepare();
+    prepare(database);
     for (auto _ : state) {
         TMain main({});
         main.show();
@@ -58,6 +54,7 @@ void MainWindowStart(benchmark::State& state)
         benchmark::DoNotOptimize(main.windowTitle());
     }
 }
-BENCHMARK(MainWindowStart)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(MainWindowStart, demo, ROVANEL_DEMO_DB)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(MainWindowStart, real, ROVANEL_REAL_DB)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -26,7 +26,8 @@ void NeakImport_IoFloor(benchmark::State& state)
         std::size_t bytes = 0;
         for (const std::string_view name :
              {std::string_view("neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv"),
-              rovanel::kAtcBookFile, rovanel::kEuPointsFile, rovanel::kEuTextsFile})
+              rovanel::kAtcBookFile, rovanel::kEuPointsFile, rovanel::kEuTextsFile, rovanel::kBnoCodesFile,
+              rovanel::kBnoLinksFile, rovanel::kRightsFile, rovanel::kSpecialtiesFile, rovanel::kAidsFile})
             bytes += rovanel::readWholeFile(kSource / std::string(name)).value_or("").size();
         std::ofstream(kOutput / "floor", std::ios::binary) << written;
         benchmark::DoNotOptimize(bytes);

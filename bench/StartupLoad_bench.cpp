@@ -1,4 +1,5 @@
-// The start-up loader on the demo database, beside an I/O floor that reads the same files' bytes.
+// The start-up loader on the demo (generated) and the real (imported) database, beside an I/O floor that
+// reads the same files' bytes.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -9,32 +10,30 @@
 namespace
 {
 
-const std::filesystem::path& benchDatabase()
-{
-    static const std::filesystem::path path = ROVANEL_DEMO_DB;
-    return path;
-}
-
 // Reads the loader's own file list and parses nothing, so the two cannot drift apart.
-void StartupLoad_IoFloor(benchmark::State& state)
+void StartupLoad_IoFloor(benchmark::State& state, const char* database)
 {
+    const std::filesystem::path benchDatabase = database;
     for (auto _ : state) {
         std::size_t bytes = 0;
         for (const std::string_view name : rovanel::kStartupFileNames)
-            bytes += rovanel::readWholeFile(rovanel::dataFilePath(benchDatabase(), name)).value_or("").size();
+            bytes += rovanel::readWholeFile(rovanel::dataFilePath(benchDatabase, name)).value_or("").size();
         benchmark::DoNotOptimize(bytes);
     }
 }
-BENCHMARK(StartupLoad_IoFloor)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(StartupLoad_IoFloor, demo, ROVANEL_DEMO_DB)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(StartupLoad_IoFloor, real, ROVANEL_REAL_DB)->Unit(benchmark::kMillisecond);
 
-void StartupLoad(benchmark::State& state)
+void StartupLoad(benchmark::State& state, const char* database)
 {
+    const std::filesystem::path benchDatabase = database;
     for (auto _ : state) {
         rovanel::StartupTables tables =
-            rovanel::loadStartupTables(benchDatabase(), benchDatabase() / "no-such-user.ini");
+            rovanel::loadStartupTables(benchDatabase, benchDatabase / "no-such-user.ini");
         benchmark::DoNotOptimize(tables);
     }
 }
-BENCHMARK(StartupLoad)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(StartupLoad, demo, ROVANEL_DEMO_DB)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(StartupLoad, real, ROVANEL_REAL_DB)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -67,7 +67,9 @@ const std::vector<Command>& commands()
         {"aid", "aid DIR CODE", runAid},
         {"aid-find", "aid-find DIR TEXT [--names]", runAidFind},
         {"fono", "fono DIR K", runFono},
-        {"import-neak", "import-neak SOURCE_DIR OUT_DIR [--month YYYYMM] [--also YYYYMM]", runImportNeak},
+        {"import-neak",
+         "import-neak SOURCE_DIR OUT_DIR [--month YYYYMM] [--also YYYYMM] [--who-ddd FILE] [--eu-links FILE]",
+         runImportNeak},
         {"verify", "verify DIR", runVerify},
     };
     return table;

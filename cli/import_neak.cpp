@@ -1,4 +1,5 @@
-// rvcli import-neak SOURCE_DIR OUT_DIR [--month YYYYMM] [--also YYYYMM]: writes a database from the
+// rvcli import-neak SOURCE_DIR OUT_DIR [--month YYYYMM] [--also YYYYMM] [--who-ddd FILE] [--eu-links FILE]:
+// writes a database from the
 // public NEAK tables, checks it, and prints the counts and warnings. Exit 1 when an input is missing or
 // malformed, or the check finds the output inconsistent; 2 on a usage error.
 #include <unistd.h>
@@ -27,6 +28,9 @@ int runImportNeak(const Invocation& call)
         if (arg == "--month" || arg == "--also") {
             if (i + 1 >= call.args.size()) return call.usageError();
             (arg == "--month" ? options.month : options.also) = call.args[++i];
+        } else if (arg == "--who-ddd" || arg == "--eu-links") {
+            if (i + 1 >= call.args.size()) return call.usageError();
+            (arg == "--who-ddd" ? options.whoDdd : options.euLinks) = call.args[++i];
         } else if (arg.starts_with("--")) {
             return call.usageError();
         } else {
@@ -57,6 +61,14 @@ int runImportNeak(const Invocation& call)
                 r.namesCut, r.nameClashes, r.withoutPrice, r.withoutDailyDoses);
     std::printf("ATC codes without a name: %d, products with placeholder points: %d\n", r.groupsWithoutName,
                 r.withPlaceholder);
+    std::printf(
+        "BNO codes: %d (tree nodes %d), BNO rules: %d, prescriber pairs: %d (unrestricted points %d)\n",
+        r.bnoCodes, r.bnoNodes, r.bnoRules, r.qualifications, r.unrestrictedPoints);
+    std::printf("title lines: %d, medical aids: %d (groups %d)\n", r.titleLines, r.aids, r.aidGroups);
+    if (!options.euLinks.empty()) std::printf("products linked to EU points: %d\n", r.linkedProducts);
+    if (!options.whoDdd.empty())
+        std::printf("from the WHO table: %d group names, %d daily doses (do not ship this database)\n",
+                    r.whoNames, r.whoDoses);
     std::printf("interaction, contraindication and side-effect data: none in the source\n");
     for (const std::string& warning : r.warnings) std::printf("warning: %s\n", toUtf8(warning).c_str());
     for (const std::string& problem : r.problems) std::printf("check: %s\n", toUtf8(problem).c_str());

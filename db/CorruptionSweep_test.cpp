@@ -492,10 +492,11 @@ TEST(CorruptionSweep, ImporterRefusesOrWritesAConsistentDatabaseFromEveryDamaged
         if (!report->problems.empty()) return "inconsistent output: " + report->problems.front();
         return exerciseEveryReader(output.path(), Probe{{0, 1}, {}, {0, 1}});
     };
-    damageEach(source,
-               {"neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv", std::string(kAtcBookFile),
-                std::string(kEuPointsFile), std::string(kEuTextsFile)},
-               import);
+    std::vector<std::string> files{"neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv"};
+    for (const std::string_view file : {kAtcBookFile, kEuPointsFile, kEuTextsFile, kBnoCodesFile, kBnoLinksFile,
+                                        kRightsFile, kSpecialtiesFile, kAidsFile})
+        files.emplace_back(file);
+    damageEach(source, files, import);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <optional>
 
 #include "catalogues/AidFields.h"
 #include "db/Cp1250.h"
@@ -105,14 +106,22 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(const Generat
         std::clamp<std::size_t>(static_cast<std::size_t>(std::max(options.products, 0)) / 3, 60, book.size());
     std::vector<const AidBookEntry*> aids;
     for (std::size_t j = 0; j < wanted; ++j) aids.push_back(&book[j * book.size() / wanted]);
+    return aidCatalogueFiles(aids, options.seed);
+}
 
+std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(
+    const std::vector<const AidBookEntry*>& aids, std::optional<std::uint64_t> ownDetailsSeed)
+{
     // se.dat and the names, in code order; where each group's run begins.
     std::string se, senev;
     std::map<std::string, std::size_t> groupStart;
-    std::uint64_t mix = options.seed * 0x9E3779B97F4A7C15ULL + 1;
+    std::vector<std::size_t> starts;  // of each aid's line
+    const bool own = ownDetailsSeed.has_value();
+    std::uint64_t mix = ownDetailsSeed.value_or(0) * 0x9E3779B97F4A7C15ULL + 1;
     for (const AidBookEntry* entry : aids) {
         const std::string code = entry->isoCode;
         // Groups of 2 to 10 digits, and of 12 for the 15-digit codes: at least three digits name the aid.
+        starts.push_back(se.size());
         for (std::size_t length = 2; length + 3 <= code.size(); length += 2)
             groupStart.try_emplace(code.substr(0, length), se.size());
         mix ^= mix >> 31;
@@ -123,7 +132,7 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(const Generat
         const bool eu = entry->increasedPercent != 0;
         const bool highlighted = eu && entry->increasedPercent >= 98;
         const long euSupport = entry->grossPrice - entry->increasedPatientFee;
-        const Limits limits = limitsOf(code);
+        const Limits limits = own ? limitsOf(code) : Limits{"-", "-"};
         std::array<std::string, aid::kFieldCount> f;
         f[aid::kCode] = code;
         f[aid::kName] = cp(entry->name);
@@ -135,7 +144,7 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(const Generat
         f[aid::kIncreasedSupport] = eu && !highlighted ? amount(euSupport) : "0";
         f[aid::kHighlightedPayable] = highlighted ? amount(entry->increasedPatientFee) : "0";
         f[aid::kHighlightedSupport] = highlighted ? amount(euSupport) : "0";
-        f[aid::kStandardNoteMark] = (mix >> 40) % 7 == 0 ? "N" : "I";
+        f[aid::kStandardNoteMark] = own && (mix >> 40) % 7 == 0 ? "N" : "I";
         f[aid::kQuantityNormative] = cp(limits.quantity);
         f[aid::kQuantityIncreased] = eu && !highlighted ? cp(limits.quantity) : "-";
         f[aid::kQuantityHighlighted] = highlighted ? cp(limits.quantity) : "-";
@@ -155,6 +164,15 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(const Generat
         senev += f[aid::kName] + " " + f[aid::kPackaging] + "\t" + code + "\r\n";
     }
 
+    // A group's aids begin at the first code that begins with the group (a shorter code may begin with a
+    // group made for a longer one).
+    for (auto& [group, start] : groupStart) {
+        const auto first = std::lower_bound(aids.begin(), aids.end(), group,
+                                            [](const AidBookEntry* aid, const std::string& code) {
+                                                return std::string_view(aid->isoCode) < code;
+                                            });
+        start = starts[static_cast<std::size_t>(first - aids.begin())];
+    }
     // A prefix sorts before every longer code it begins, so code order is the tree's pre-order.
     std::string tree, codes, positions, iso;
     for (const auto& [group, start] : groupStart) {
@@ -167,8 +185,10 @@ std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(const Generat
         iso += spaced(group) + "\r\n";
     }
     std::string notes;
-    for (const NoteSource& note : kNotes)
-        notes += std::string(note.code) + "\t" + std::to_string(note.kind) + "\t" + cp(note.text) + "\r\n";
+    if (own)
+        for (const NoteSource& note : kNotes)
+            notes +=
+                std::string(note.code) + "\t" + std::to_string(note.kind) + "\t" + cp(note.text) + "\r\n";
 
     return {{"senrend2.dat", tree}, {"sekod2.dat", codes}, {"sepos.dat", positions},
             {"seiso.dat", iso},     {"senev.dat", senev},  {"semegj.dat", notes},

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,10 +15,17 @@ namespace rovanel
 {
 
 struct GeneratorOptions;
+struct AidBookEntry;
 
 // The files' names and bytes (Windows-1250, CR LF).
 [[nodiscard]] std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(
     const GeneratorOptions& options);
+
+// The files for `aids` (sorted by code; every one kept). With `ownDetailsSeed` the generator's own
+// quantities, wearing periods, standard-note marks (drawn from the seed) and notes; without it
+// quantities and periods are "-", every aid carries the standard note and semegj.dat is empty.
+[[nodiscard]] std::vector<std::pair<std::string, std::string>> aidCatalogueFiles(
+    const std::vector<const AidBookEntry*>& aids, std::optional<std::uint64_t> ownDetailsSeed);
 
 // Writes them into `directory`; false and a reason in `error` when one cannot be written.
 [[nodiscard]] bool writeAidCatalogue(const std::filesystem::path& directory, const GeneratorOptions& options,

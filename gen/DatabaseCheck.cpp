@@ -262,6 +262,9 @@ void checkPrescriptionFiles(const std::filesystem::path& directory, CheckMode mo
         if (line.size() > 1023 || blank == 0 || blank == std::string_view::npos ||
             (code != "XXXXX" && !bnoCodes.count(code)))
             problems.add("bnohr", at("bnohr.dat", i) + "not \"KEY CODE\" with a code of bno.tre or XXXXX");
+        else if (mode == CheckMode::AnyDatabase && !regulationCodes.count(std::string(line.substr(0, blank))))
+            problems.add("bnohr", at("bnohr.dat", i) + "key " + std::string(line.substr(0, blank)) +
+                                      " not in rend.dat");
         rules.emplace(line);
         keys.emplace(line.substr(0, blank));
     }
@@ -301,6 +304,15 @@ void checkPrescriptionFiles(const std::filesystem::path& directory, CheckMode mo
         if (comma == 0 || comma == std::string_view::npos || line.size() != comma + 7 ||
             !line.ends_with(';') || !allOf(line.substr(comma + 1, 5), kDigits))
             problems.add("szvhr", at("szvhr.dat", i) + "not \"KEY,QUALIFICATION;\" (5 digits)");
+        else if (mode == CheckMode::AnyDatabase) {
+            // The qualification check searches "KEY,CODE" anywhere in the file: no key may be another's tail.
+            const std::string key(line.substr(0, comma));
+            if (!regulationCodes.count(key))
+                problems.add("szvhr", at("szvhr.dat", i) + "key " + key + " not in rend.dat");
+            for (const std::string& other : regulationCodes)
+                if (other != key && other.ends_with(key))
+                    problems.add("szvhr", at("szvhr.dat", i) + "key " + key + " is the tail of " + other);
+        }
         qualifications.emplace(line);
     }
 
@@ -329,6 +341,39 @@ void checkPrescriptionFiles(const std::filesystem::path& directory, CheckMode mo
     if (drugKeys.count(kPlantedAbsentDrug)) problems.add("planted", "tamttt.dat: the absent drug has a line");
     if (!qualifications.count(std::string(kPlantedFeeKey) + "," + kPlantedQualification + ";"))
         problems.add("planted", "szvhr.dat: no planted qualification of " + std::string(kPlantedFeeKey));
+// The medical-aid files, each when present (docs/data-format.md 11): sorted by code, each group's offset the
+// start of its run, one line per node in each list.
+void checkAidFiles(const std::filesystem::path& directory, Problems& problems)
+{
+    const auto lines = [&](std::string_view name, std::string& content) {
+        content = readWholeFile(dataFilePath(directory, name)).value_or(std::string());
+        return textLines(name, content, problems);
+    };
+    std::string se, positions, codes, tree, iso, names;
+    const auto aidLines = lines("se.dat", se);
+    std::vector<std::size_t> starts;
+    std::string previous;
+    for (std::size_t i = 0, offset = 0; i < aidLines.size(); offset += aidLines[i].size() + 2, ++i) {
+        const std::string code(aidLines[i].substr(0, aidLines[i].find('\t')));
+        if (code <= previous)
+            problems.add("se", at("se.dat", i) + "code " + code + " not after the one before");
+        previous = code;
+        starts.push_back(offset);
+    }
+    const auto groupCodes = lines("sekod2.dat", codes), groupOffsets = lines("sepos.dat", positions);
+    const std::size_t groupNodes = treeDepths("senrend2.dat", lines("senrend2.dat", tree), problems).size();
+    if (groupCodes.size() != groupNodes || groupOffsets.size() != groupNodes ||
+        lines("seiso.dat", iso).size() != groupNodes)
+        problems.add("se", "senrend2.dat, sekod2.dat, sepos.dat, seiso.dat: not one line per group each");
+    if (lines("senev.dat", names).size() != aidLines.size())
+        problems.add("se", "senev.dat: not one line per aid of se.dat");
+    for (std::size_t k = 0; k < groupCodes.size() && k < groupOffsets.size(); ++k) {
+        std::size_t first = 0;
+        while (first < aidLines.size() && !aidLines[first].starts_with(groupCodes[k])) ++first;
+        if (first == aidLines.size() || groupOffsets[k] != std::to_string(starts[first]))
+            problems.add("se", at("sepos.dat", k) + "not the offset of the first aid of group " +
+                                   std::string(groupCodes[k]));
+    }
 }
 
 // A product block as the checker needs it.
@@ -769,6 +814,7 @@ std::vector<std::string> Checker::run()
         problems.add("zaras", "zaras.inf: not two lines YYYYMMDD and YYYY.MM.DD of the same date");
     if (lines["RV.INI"].empty() || lines["RV.INI"].front() != "[Rovanel Beallitasok]")
         problems.add("ini", "RV.INI: does not open with the section [Rovanel Beallitasok]");
+    checkAidFiles(m_directory, problems);
     return problems.take();
 }
 

@@ -12,9 +12,12 @@
 #include "db/DataFile.h"
 #include "db/HungarianCollation.h"
 #include "db/MessageCatalog.h"
+#include "gen/AidBook.h"
+#include "gen/AidCatalogueWriter.h"
 #include "gen/DatabaseCheck.h"
 #include "gen/NeakTable.h"
 #include "gen/PictureWriter.h"
+#include "gen/PrescriptionFiles.h"
 #include "gen/Vocabulary.h"
 
 namespace rovanel
@@ -250,6 +253,14 @@ struct Product {
     long long price = 0, normative = 0, increased = 0, highlighted = 0;
     double dailyDoses = 0;
     bool publicCare = false, isNew = false, nameCut = false;
+    std::vector<std::string> increasedKeys, highlightedKeys;  // real points from --eu-links
+};
+
+// A medical aid of the catalogue, its texts in UTF-8 as the aid writer takes them.
+struct Aid {
+    std::string iso, name, pack, kind, ttt, manufacturer, distributor;
+    long gross = 0, fee = 0, euFee = 0;
+    int percent = 0, euPercent = 0;
 };
 
 // The row of most packs among those of one of `titles` (tried in order) that has packs.
@@ -282,9 +293,16 @@ public:
 private:
     std::optional<SourceTable> table(std::string_view relative, const TableLayout& layout,
                                      std::string* error);
+    std::optional<SourceTable> tableAt(const std::filesystem::path& path, const TableLayout& layout,
+                                       std::string* error);
     bool readTurnover(const std::string& month, bool older, std::string* error);
+    bool readPoints(std::string* error);
+    bool readBno(std::string* error);
+    bool readAids(std::string* error);
+    bool readUserFiles(std::string* error);
     void warn(const std::string& kind, const std::string& detail);
     std::string groupName(const std::string& code) const;
+    double whoDailyDoses(const Product& product) const;
 
     std::filesystem::path m_source;
     NeakImportOptions m_options;
@@ -293,10 +311,19 @@ private:
     std::set<std::string> m_olderTtt;
     std::map<std::string, std::pair<std::string, std::string>> m_book;  // international -> Hungarian, English
     struct Regulation {
-        std::string code, text;
+        std::string id, code, text;
         int rate = 100;
     };
     std::vector<Regulation> m_regulations;
+    std::map<std::string, std::string> m_bno;  // code -> name: the tree's codes
+    std::vector<std::pair<std::string, std::string>> m_bnoRules, m_qualifications;  // (key, code)
+    std::vector<Aid> m_aids;
+    struct WhoDose {
+        double amount = 0;
+        std::string unit, route;
+    };
+    std::map<std::string, std::pair<std::string, std::vector<WhoDose>>> m_who;  // ATC -> name, doses
+    std::map<std::string, std::vector<std::string>> m_links;                    // TTT -> point ids
     std::map<std::string, int> m_warningsPerKind;
 
     // Built.
@@ -313,7 +340,12 @@ void Importer::warn(const std::string& kind, const std::string& detail)
 std::optional<SourceTable> Importer::table(std::string_view relative, const TableLayout& layout,
                                            std::string* error)
 {
-    const std::filesystem::path path = m_source / std::filesystem::path(std::string(relative));
+    return tableAt(m_source / std::filesystem::path(std::string(relative)), layout, error);
+}
+
+std::optional<SourceTable> Importer::tableAt(const std::filesystem::path& path, const TableLayout& layout,
+                                             std::string* error)
+{
     const auto content = readWholeFile(path);
     if (!content) {
         if (error) *error = path.string() + ": missing or unreadable";
@@ -400,7 +432,11 @@ bool Importer::read(std::string* error)
         {"", '\t', SourceEncoding::Cp1250, {"ATC", "MEGNEV", "ANGOL", "HATOANYAG", "KIHIRDETES_ID"}}, error);
     if (!book) return false;
     for (const auto& f : book->rows) m_book.emplace(f[0], std::pair(cleanText(f[1]), cleanText(f[2])));
+    return readPoints(error) && readBno(error) && readAids(error) && readUserFiles(error);
+}
 
+bool Importer::readPoints(std::string* error)
+{
     if (m_progress) m_progress("reading the EU points");
     const auto points =
         table(kEuPointsFile, {"", ';', SourceEncoding::Utf8, {"ID", "EUTIP", "KODSZAM", "PERJEL", "IND_TIP"}},
@@ -433,8 +469,9 @@ bool Importer::read(std::string* error)
             warn("EU point skipped", "ID " + f[0] + " (" + f[1] + " " + f[2] + ")");
             continue;
         }
-        const std::string prefix = rate == 90 ? "_" : rate == 70 ? "&" : rate == 50 ? "*" : "";
+        const std::string prefix = rate == 90 ? "_" : rate == 70 ? "&" : rate == 50 ? "*" : "K";
         Regulation regulation;
+        regulation.id = f[0];
         regulation.code = prefix + "EU" + f[2] + (f[3].empty() ? "" : "/" + f[3]);
         regulation.rate = rate;
         for (const auto& [index, text] : textsOfPoint[f[0]])
@@ -452,6 +489,182 @@ bool Importer::read(std::string* error)
     return true;
 }
 
+// A BNO code of the tree: 3 to 5 upper-case letters and digits, a letter first; "XXX" (the placeholder
+// for "the code of the underlying illness") is none.
+bool treeCode(std::string_view code)
+{
+    if (code.size() < 3 || code.size() > 5 || code == "XXX" || code[0] < 'A' || code[0] > 'Z') return false;
+    return std::all_of(code.begin(), code.end(),
+                       [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
+}
+
+bool Importer::readBno(std::string* error)
+{
+    if (m_progress) m_progress("reading the BNO codes, their points and the prescriber rights");
+    const auto codes = table(kBnoCodesFile, {"", ';', SourceEncoding::Utf8, {"ID", "KOD", "LEIRAS"}}, error);
+    if (!codes) return false;
+    std::map<std::string, std::string> codeOfId;
+    for (const auto& f : codes->rows) {
+        codeOfId[f[0]] = f[1];
+        const std::string name = cutTo(cleanText(f[2]), 170);
+        if (!treeCode(f[1])) continue;
+        if (!inBnoChapter(f[1])) {
+            warn("BNO code outside every chapter", f[1]);
+            continue;
+        }
+        if (name.empty()) {
+            warn("BNO code without a name", f[1]);
+            continue;
+        }
+        m_bno.emplace(f[1], name);
+    }
+    report.bnoCodes = static_cast<int>(m_bno.size());
+
+    const auto links = table(kBnoLinksFile, {"", ';', SourceEncoding::Utf8, {"EUPONT_ID", "BNO_ID"}}, error);
+    if (!links) return false;
+    std::map<std::string, std::set<std::string>> codesOfPoint;
+    for (const auto& f : links->rows) {
+        const auto code = codeOfId.find(f[1]);
+        if (code != codeOfId.end() && code->second.size() == 5 && m_bno.count(code->second))
+            codesOfPoint[f[0]].insert(code->second);
+        else
+            warn("BNO link skipped", "point " + f[0] + ", BNO " + f[1]);
+    }
+
+    const auto specialties =
+        table(kSpecialtiesFile, {"", ';', SourceEncoding::Utf8, {"ID", "KOD", "LEIRAS", "MEGFELEL"}}, error);
+    if (!specialties) return false;
+    std::map<std::string, std::string> specialtyOfId;
+    for (const auto& f : specialties->rows) specialtyOfId[f[0]] = f[1];
+    const auto rights =
+        table(kRightsFile,
+              {"",
+               ';',
+               SourceEncoding::Utf8,
+               {"EUPONT_ID", "KATEGORIA_ID", "KATEGORIA", "JOGOSULT", "JIDOKORLAT", "SZAKV_ID", "KIINT_ID"}},
+              error);
+    if (!rights) return false;
+    std::map<std::string, std::set<std::string>> qualificationsOfPoint;
+    std::set<std::string> unrestricted;
+    for (const auto& f : rights->rows) {
+        if (f[3] == cp("Nincs jogosultsága")) continue;
+        const auto specialty = specialtyOfId.find(f[5]);
+        const std::string code = specialty == specialtyOfId.end() ? std::string() : specialty->second;
+        if (code == "0") {
+            // "Megkötés nélkül": anyone may prescribe, unless only on a specialist's recommendation.
+            if (f[3] != cp("javaslatra írhat")) unrestricted.insert(f[0]);
+        } else if (!code.empty() && code.size() <= 5 &&
+                   std::all_of(code.begin(), code.end(), [](char c) { return c >= '0' && c <= '9'; })) {
+            qualificationsOfPoint[f[0]].insert(std::string(5 - code.size(), '0') + code);
+        } else {
+            warn("prescriber right skipped", "point " + f[0] + ", specialty " + f[5]);
+        }
+    }
+    for (const Regulation& regulation : m_regulations) {
+        for (const std::string& code : codesOfPoint[regulation.id])
+            m_bnoRules.emplace_back(regulation.code, code);
+        if (unrestricted.count(regulation.id)) {
+            ++report.unrestrictedPoints;
+            continue;
+        }
+        for (const std::string& code : qualificationsOfPoint[regulation.id])
+            m_qualifications.emplace_back(regulation.code, code);
+    }
+    return true;
+}
+
+bool Importer::readAids(std::string* error)
+{
+    if (m_progress) m_progress("reading the medical aids");
+    const std::filesystem::path path = m_source / std::filesystem::path(std::string(kAidsFile));
+    const auto content = readWholeFile(path);
+    if (!content) {
+        if (error) *error = path.string() + ": missing or unreadable";
+        return false;
+    }
+    const std::string shown = path.string();
+    const auto items = parseJsonItems(
+        *content, "items",
+        {shown,
+         ',',
+         SourceEncoding::Utf8,
+         {"isoCode", "name", "packSize", "grossPrice", "patientFee", "supportPercent", "supportType",
+          "euSupportPercent", "euPatientFee", "tttCode", "manufacturer", "distributor"}},
+        error);
+    if (!items) return false;
+    std::set<std::string> seen;
+    for (std::size_t r = 0; r < items->rows.size(); ++r) {
+        const auto& f = items->rows[r];
+        std::array<double, 5> amounts{};
+        static constexpr std::array<std::pair<std::size_t, const char*>, 5> kAmounts = {
+            {{3, "grossPrice"},
+             {4, "patientFee"},
+             {5, "supportPercent"},
+             {7, "euSupportPercent"},
+             {8, "euPatientFee"}}};
+        for (std::size_t k = 0; k < kAmounts.size(); ++k) {
+            bool bad = false;
+            amounts[k] = decimal(f[kAmounts[k].first], &bad).value_or(0);
+            if (bad || amounts[k] < 0 || amounts[k] > 1e9) {
+                if (error)
+                    *error = shown + " line " + std::to_string(items->lines[r]) + ": " + kAmounts[k].second +
+                             " is not a number: \"" + cp1250ToUtf8(f[kAmounts[k].first]) + "\"";
+                return false;
+            }
+        }
+        const std::string& iso = f[0];
+        if ((iso.size() != 13 && iso.size() != 15) ||
+            !std::all_of(iso.begin(), iso.end(), [](char c) { return c >= '0' && c <= '9'; }) ||
+            !seen.insert(iso).second) {
+            warn("medical aid skipped (ISO code)", iso + " " + f[1]);
+            continue;
+        }
+        Aid aid;
+        aid.iso = iso;
+        aid.name = cp1250ToUtf8(cleanText(f[1]));
+        aid.pack = cp1250ToUtf8(cleanText(f[2]));
+        aid.gross = static_cast<long>(std::llround(amounts[0]));
+        aid.fee = static_cast<long>(std::llround(amounts[1]));
+        aid.percent = static_cast<int>(std::lround(amounts[2]));
+        aid.kind = cp1250ToUtf8(cleanText(f[6]));
+        aid.euPercent = static_cast<int>(std::lround(amounts[3]));
+        aid.euFee = static_cast<long>(std::llround(amounts[4]));
+        aid.ttt = cp1250ToUtf8(cleanText(f[9]));
+        aid.manufacturer = cp1250ToUtf8(cleanText(f[10]));
+        aid.distributor = cp1250ToUtf8(cleanText(f[11]));
+        m_aids.push_back(std::move(aid));
+    }
+    std::sort(m_aids.begin(), m_aids.end(), [](const Aid& x, const Aid& y) { return x.iso < y.iso; });
+    return true;
+}
+
+// The files the user points at: the WHO ATC/DDD table and the product-to-point links.
+bool Importer::readUserFiles(std::string* error)
+{
+    if (!m_options.whoDdd.empty()) {
+        if (m_progress) m_progress("reading the WHO ATC/DDD table");
+        const auto who = tableAt(
+            m_options.whoDdd,
+            {"", ',', SourceEncoding::Utf8, {"atc_code", "atc_name", "ddd", "uom", "adm_r", "note"}}, error);
+        if (!who) return false;
+        for (const auto& f : who->rows) {
+            auto& entry = m_who[f[0]];
+            if (entry.first.empty() && f[1] != "NA") entry.first = cutTo(cleanText(f[1]), 116);
+            bool bad = false;
+            const auto amount = decimal(f[2], &bad);
+            if (amount && *amount > 0) entry.second.push_back({*amount, f[3], f[4]});
+        }
+    }
+    if (!m_options.euLinks.empty()) {
+        if (m_progress) m_progress("reading the product-to-point links");
+        const auto links =
+            tableAt(m_options.euLinks, {"", ';', SourceEncoding::Utf8, {"TTT", "EUPONT_ID"}}, error);
+        if (!links) return false;
+        for (const auto& f : links->rows) m_links[f[0]].push_back(f[1]);
+    }
+    return true;
+}
+
 std::string Importer::groupName(const std::string& international) const
 {
     const auto found = m_book.find(international);
@@ -463,6 +676,39 @@ std::string Importer::groupName(const std::string& international) const
         for (const auto& [ttt, product] : m_products)
             if (product.realAtc == international && !product.substance.empty()) return product.substance;
     return {};
+}
+
+// Daily doses from the WHO table for a simple oral solid: "… 20 MG TABLETTA" (or FILMTABLETTA, KAPSZULA)
+// in a pack of "30x…", whose ATC code has exactly one oral DDD in mg or g: strength × count / DDD.
+double Importer::whoDailyDoses(const Product& product) const
+{
+    const auto who = m_who.find(product.realAtc);
+    if (who == m_who.end()) return 0;
+    const WhoDose* oral = nullptr;
+    for (const WhoDose& dose : who->second.second)
+        if (dose.route == "O") {
+            if (oral) return 0;
+            oral = &dose;
+        }
+    if (!oral || (oral->unit != "mg" && oral->unit != "g")) return 0;
+    const std::string name = upperCaseCp1250(product.name);
+    const std::size_t mg = name.find(" MG ");
+    if (mg == std::string::npos) return 0;
+    const std::string_view after = std::string_view(name).substr(mg + 4);
+    if (!after.starts_with("TABLETTA") && !after.starts_with("FILMTABLETTA") &&
+        !after.starts_with("KAPSZULA"))
+        return 0;
+    std::size_t from = mg;
+    while (from > 0 && ((name[from - 1] >= '0' && name[from - 1] <= '9') || name[from - 1] == ',')) --from;
+    std::string strength = name.substr(from, mg - from);
+    std::replace(strength.begin(), strength.end(), ',', '.');
+    bool bad = false;
+    const auto amount = decimal(strength, &bad);
+    const std::string pack = compactPack(product.pack);
+    if (!amount || pack.empty() || pack.back() != 'X') return 0;
+    const auto count = decimal(std::string_view(pack).substr(0, pack.size() - 1), &bad);
+    if (!count || bad) return 0;
+    return *amount * *count / (oral->amount * (oral->unit == "g" ? 1000 : 1));
 }
 
 void Importer::build()
@@ -527,6 +773,11 @@ void Importer::build()
                 const bool real = international.size() <= product.realAtc.size();
                 if (!real) m_pseudo.insert(code);
                 name = groupName(real ? international : product.realAtc);
+                if (const auto who = m_who.find(real ? international : product.realAtc);
+                    name.empty() && who != m_who.end() && !who->second.first.empty()) {
+                    name = who->second.first;
+                    ++report.whoNames;
+                }
                 if (name.empty()) {
                     name = real ? international : product.realAtc;
                     ++report.groupsWithoutName;
@@ -542,6 +793,10 @@ void Importer::build()
             product.price = wholeForints(row->price / row->packs);
             if (row->hasDoses && row->doses > 0) product.dailyDoses = row->doses / row->packs;
         }
+        if (product.dailyDoses <= 0 && product.kind == Kind::Medicine) {
+            product.dailyDoses = whoDailyDoses(product);
+            report.whoDoses += product.dailyDoses > 0 ? 1 : 0;
+        }
         if (const Row* row = largestRow(product.rows, {"Normatív", "Közgyógy"}))
             product.normative = wholeForints(row->insurer / row->packs);
         if (const Row* row = largestRow(product.rows, {"Emelt", "Emelt-Kgy"}))
@@ -552,6 +807,23 @@ void Importer::build()
             product.publicCare = product.publicCare || row.title == cp("Közgyógy") ||
                                  row.title == cp("Emelt-Kgy") || row.title == cp("Kiemelt-Kgy");
         product.isNew = !m_options.also.empty() && !product.older && !m_olderTtt.count(ttt);
+        if (const auto links = m_links.find(ttt); links != m_links.end()) {
+            for (const std::string& id : links->second) {
+                const auto point = std::find_if(m_regulations.begin(), m_regulations.end(),
+                                                [&](const Regulation& r) { return r.id == id; });
+                if (point == m_regulations.end()) {
+                    warn("link to an unknown EU point", ttt + ";" + id);
+                    continue;
+                }
+                auto& keys = point->rate == 100 ? product.highlightedKeys : product.increasedKeys;
+                if (std::find(keys.begin(), keys.end(), point->code) == keys.end())
+                    keys.push_back(point->code);
+            }
+            if (product.increasedKeys.empty() == (product.increased > 0) ||
+                product.highlightedKeys.empty() == (product.highlighted > 0))
+                warn("linked points and supports differ", ttt + " " + product.name);
+            report.linkedProducts += !product.increasedKeys.empty() || !product.highlightedKeys.empty();
+        }
         if (product.price == 0) {
             ++report.withoutPrice;
             warn("product without a price", ttt + " " + product.name);
@@ -668,15 +940,23 @@ std::string supportLine(const Product& product, int* placeholders)
         categories += e > 0 ? '2' : '5';
         categories += k > 0 ? '4' : '5';
     }
-    if (e > 0) {
-        increasedCodes = p > 0 && e * 1000 > p * 705 ? "_E90" : p > 0 && e * 1000 > p * 505 ? "&E70" : "*E50";
-        supports = increasedCodes + " " + number(e);
-    }
-    if (k > 0) {
-        highlightedCodes = "K100";
-        supports += (supports.empty() ? "" : ",") + highlightedCodes + " " + number(k);
-    }
-    if (!supports.empty()) ++*placeholders;
+    bool placeholder = false;
+    const auto add = [&](const std::vector<std::string>& keys, const char* fallback, long long amount,
+                         std::string& codes) {
+        for (const std::string& key : keys.empty() ? std::vector<std::string>{fallback} : keys) {
+            codes += (codes.empty() ? "" : ",") + key;
+            supports += (supports.empty() ? "" : ",") + key + " " + number(amount);
+        }
+        placeholder = placeholder || keys.empty();
+    };
+    if (e > 0)
+        add(product.increasedKeys,
+            p > 0 && e * 1000 > p * 705   ? "_E90"
+            : p > 0 && e * 1000 > p * 505 ? "&E70"
+                                          : "*E50",
+            e, increasedCodes);
+    if (k > 0) add(product.highlightedKeys, "K100", k, highlightedCodes);
+    if (placeholder) ++*placeholders;
     const std::string international = internationalCode(product.code.substr(0, 8));
     const std::string fields[22] = {
         dailyDosesField(product.dailyDoses),
@@ -860,6 +1140,20 @@ bool Importer::write(const std::filesystem::path& output, std::string* error)
     std::string messages;
     for (const std::string& line : messageCatalogLines()) messages += line + "\r\n";
 
+    // The BNO tree (names back to UTF-8 for the shared writer), rules and prescriber rights.
+    std::vector<std::string> bnoNames;
+    bnoNames.reserve(m_bno.size());
+    std::vector<BnoBookEntry> bnoEntries;
+    for (const auto& [code, name] : m_bno) {
+        bnoNames.push_back(cp1250ToUtf8(name));
+        bnoEntries.push_back({code.c_str(), bnoNames.back().c_str()});
+    }
+    std::size_t bnoNodes = 0;
+    const std::string bnoTree = bnoTreeText(bnoEntries, &bnoNodes);
+    report.bnoNodes = static_cast<int>(bnoNodes);
+    report.bnoRules = static_cast<int>(m_bnoRules.size());
+    report.qualifications = static_cast<int>(m_qualifications.size());
+
     report.atcGroups = static_cast<int>(groups.size());
     report.pseudoGroups = static_cast<int>(m_pseudo.size());
     report.ingredients = static_cast<int>(ingredients.size());
@@ -908,12 +1202,33 @@ bool Importer::write(const std::filesystem::path& output, std::string* error)
         {"rend.dat", rend},
         {"rend2.ful", rend2},
         {"zaras.inf", closing},
+        {"bno.tre", bnoTree},
+        {"bnohr.dat", bnoRuleText(m_bnoRules)},
+        {"szvhr.dat", qualificationText(m_qualifications)},
         {"RV.INI",
          "[Rovanel Beallitasok]\r\nTTNemKellLeirasba=NEM\r\nKgyTxtPath=kgy.txt\r\n"
          "BetegAdatokIniPath=beteg.ini\r\nPathToUpdate=\r\nKolcsonhatasiAdat=NINCS\r\n"},
     };
     for (const auto& [name, content] : files)
         if (!writeFile(output / name, content, error)) return false;
+
+    // tamttt.dat from the written products; the aids catalogue with the shared writer.
+    const std::string titles = titleFlagText(output);
+    report.titleLines = static_cast<int>(std::count(titles.begin(), titles.end(), '\n'));
+    if (!writeFile(output / "tamttt.dat", titles, error)) return false;
+    std::vector<AidBookEntry> aidEntries;
+    for (const Aid& aid : m_aids)
+        aidEntries.push_back({aid.iso.c_str(), aid.name.c_str(), aid.pack.c_str(), aid.gross, aid.fee,
+                              aid.percent, aid.kind.c_str(), aid.euPercent, aid.euFee, aid.ttt.c_str(),
+                              aid.manufacturer.c_str(), aid.distributor.c_str()});
+    std::vector<const AidBookEntry*> aids;
+    for (const AidBookEntry& entry : aidEntries) aids.push_back(&entry);
+    report.aids = static_cast<int>(aids.size());
+    for (const auto& [name, content] : aidCatalogueFiles(aids, std::nullopt)) {
+        if (name == "sekod2.dat")
+            report.aidGroups = static_cast<int>(std::count(content.begin(), content.end(), '\n'));
+        if (!writeFile(output / name, content, error)) return false;
+    }
     return writePictures(output, error);
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <map>
 
@@ -9,6 +10,8 @@
 #include "db/DataFile.h"
 #include "gen/DatabaseCheck.h"
 #include "gen/NeakTable.h"
+#include "rx/BnoRules.h"
+#include "rx/Qualification.h"
 #include "tests/support/NeakSource.h"
 #include "tests/support/ScratchDirectory.h"
 
@@ -19,6 +22,14 @@ namespace
 
 using testing::NeakSource;
 using testing::ScratchDirectory;
+
+NeakImportOptions months(const char* month, const char* also = "")
+{
+    NeakImportOptions options;
+    options.month = month;
+    options.also = also;
+    return options;
+}
 
 const TableLayout kThreeColumns{"t.csv", ';', SourceEncoding::Utf8, {"ID", "KOD", "LEIRAS"}};
 
@@ -230,7 +241,7 @@ TEST(NeakImport, AppliesThePriceSupportCodeAndNameDecisions)
     EXPECT_EQ(report->groupsWithoutName, 0);
 }
 
-TEST(NeakImport, WritesTheEuPointsAndPlaceholdersAsRegulationLines)
+TEST(NeakImport, WritesPointsBnoTreeRulesRightsTitlesAndAids)
 {
     ScratchDirectory source, output;
     NeakSource{}.writeTo(source.path());
@@ -238,7 +249,7 @@ TEST(NeakImport, WritesTheEuPointsAndPlaceholdersAsRegulationLines)
     ASSERT_TRUE(importNeak(source.path(), output.path(), {}, &error)) << error;
     EXPECT_EQ(
         cp1250ToUtf8(output.read("rend.dat")),
-        "EU8/a1\t-\telső sor második\r\n"
+        "KEU8/a1\t-\telső sor második\r\n"
         "_EU5\t-\temelt\r\n"
         "&EU12\t-\t(az EÜ pont szövege nincs a forrásban)\r\n"
         "*EU12/b\t-\t(az EÜ pont szövege nincs a forrásban)\r\n"
@@ -257,6 +268,77 @@ TEST(NeakImport, WritesTheEuPointsAndPlaceholdersAsRegulationLines)
     const std::string levels = cp1250ToUtf8(output.read("atcnren5.dat"));
     EXPECT_NE(levels.find("N02C000  Migrén elleni készítmények"), std::string::npos) << levels;
     EXPECT_NE(levels.find("M04AA03  febuxostat"), std::string::npos) << levels;
+
+    // Chapters at depth 0, a code without its parent one level up, XXX and one-letter codes left out.
+    const std::string tree = cp1250ToUtf8(output.read("bno.tre"));
+    for (const char* part :
+         {"IV. fejezet: Endokrin, táplálkozási és anyagcsere-betegségek (E00-E90)\r\n"
+          "\tE1190 Nem inzulin-dependens cukorbetegség\r\nV. fejezet",
+          "(G00-G99)\r\n\tG40 Epilepszia\r\n\t\tG409 Epilepszia k.m.n.\r\n"
+          "\t\t\tG4090 Epilepszia k.m.n., roham nélkül\r\nVII. fejezet",
+          "(I00-I99)\r\n\tI10 Magasvérnyomás-betegség\r\n\t\tI10H0 Magasvérnyomás-betegség "
+          "(elsődleges)\r\nX. fejezet",
+          "(U00-U99)\r\n\tU0710 COVID-19\r\n"})
+        EXPECT_NE(tree.find(part), std::string::npos) << part;
+    EXPECT_EQ(std::count(tree.begin(), tree.end(), '\n'), 22 + 7);
+    // Kiemelt keys begin with K, so no key is the tail of another and "KEY,CODE" matches only itself.
+    EXPECT_EQ(output.read("bnohr.dat"), "KEU8/a1 G4090\r\nKEU8/a1 I10H0\r\n_EU5 E1190\r\n");
+    EXPECT_EQ(output.read("szvhr.dat"), "KEU8/a1,00301;\r\n&EU12,00012;\r\n");
+    const std::string titles = output.read("tamttt.dat");
+    EXPECT_EQ(std::count(titles.begin(), titles.end(), '\n'), 10);
+    EXPECT_NE(titles.find("210000001;1011110000;*E50;K100\r\n"), std::string::npos) << titles;
+    EXPECT_NE(titles.find("210000002;1010000000;;\r\n"), std::string::npos) << titles;
+
+    // Aids sorted by code, amounts rounded, EU support of 98 % highlighted, no own quantities or notes.
+    EXPECT_EQ(
+        cp1250ToUtf8(output.read("se.dat")),
+        "0624030303001\tL-111 protézis\tdarab\t175629\t172117\t3512\t0\t0\t0\t0\tI\t-\t-\t-\t-\t-\t-\t"
+        "310000013\tEgyedi\tEgyedi\t98\tNOMIN\t0\t06 24 03 03 03 00 1\t\r\n"
+        "093006030300101\tPelenka \"Extra\" ő\t30 db\t5000\t3999\t1001\t0\t0\t100\t4900\tI\t-\t-\t-\t-\t-\t-"
+        "\t310000011\tGyártó\tForgalmazó\t80\tNOMIN\t98\t09 30 06 03 03 00 10 1\t\r\n");
+    EXPECT_EQ(output.read("sekod2.dat"),
+              "06\r\n0624\r\n062403\r\n06240303\r\n0624030303\r\n09\r\n0930\r\n093006\r\n09300603\r\n"
+              "0930060303\r\n093006030300\r\n");
+    EXPECT_EQ(output.read("semegj.dat"), "");
+}
+
+TEST(NeakImport, UserFilesLinkRealPointsAndFillWhoNamesAndDoses)
+{
+    ScratchDirectory source, output;
+    NeakSource tables;
+    tables.turnover.replace(tables.turnover.find(",1,6,0,500"), 10, ",1,,0,500");  // MIGR: no daily doses
+    for (std::size_t at; (at = tables.turnover.find("\"febuxostat\"")) != std::string::npos;)
+        tables.turnover.replace(at, 12, "\"\"");
+    tables.writeTo(source.path());
+    source.write(
+        "who.csv",
+        "atc_code,atc_name,ddd,uom,adm_r,note\nN02C,ANTIMIGRAINE,4,mg,O,NA\nM04AA03,febuxostat,80,mg,O,NA\n");
+    source.write("links.csv", "TTT;EUPONT_ID\n210000001;1\n210000001;4\n210000002;99\n");
+    NeakImportOptions options;
+    options.whoDdd = source.path() / "who.csv";
+    options.euLinks = source.path() / "links.csv";
+    std::string error;
+    const auto report = importNeak(source.path(), output.path(), options, &error);
+    ASSERT_TRUE(report) << error;
+    EXPECT_EQ(report->problems, std::vector<std::string>());
+    EXPECT_EQ(report->linkedProducts, 1);
+    EXPECT_EQ(report->whoNames, 1);
+    EXPECT_EQ(report->whoDoses, 1);
+    EXPECT_NE(std::find(report->warnings.begin(), report->warnings.end(),
+                        "link to an unknown EU point: 210000002;99"),
+              report->warnings.end());
+    const auto products = importedProducts(output.path());
+    const Imported& insula = products.at("210000001");
+    EXPECT_EQ(insula.support[5], "*EU12/b 12166,KEU8/a1 24032");
+    EXPECT_EQ(insula.support[11], "*EU12/b");
+    EXPECT_EQ(insula.support[12], "KEU8/a1");
+    EXPECT_EQ(products.at("210000006").support[0], "3");  // 2 mg x 6 / 4 mg
+    EXPECT_NE(output.read("atcnren5.dat").find("M04AA03  febuxostat"), std::string::npos);
+
+    source.write("links.csv", "TTT,EUPONT_ID\n");
+    EXPECT_FALSE(importNeak(source.path(), output.path(), options, &error));
+    EXPECT_EQ(error,
+              (source.path() / "links.csv").string() + ": column 1 is \"TTT,EUPONT_ID\", expected \"TTT\"");
 }
 
 TEST(NeakImport, RefusesMalformedSourcesNamingFileAndColumnOrLine)
@@ -288,6 +370,16 @@ TEST(NeakImport, RefusesMalformedSourcesNamingFileAndColumnOrLine)
          "neak_pupha_2024-03/EUINDIKACIOK.csv", " line 2: a quoted field is not closed"},
         {"no EU texts", [](NeakSource& s) { s.texts.clear(); }, "neak_pupha_2024-03/EUINDIKACIOK.csv",
          ": empty, expected the header \"ID\"..."},
+        {"BNO list in another layout", [](NeakSource& s) { s.bnoCodes.replace(3, 3, "BNO"); },
+         "neak_pupha_2024-03/BNOKODOK.csv", ": column 2 is \"BNO\", expected \"KOD\""},
+        {"aid price with a decimal comma",
+         [](NeakSource& s) { s.aids.replace(s.aids.find("5000.4"), 6, "\"5000,4\""); },
+         "neak_pupha_2025-12_hdd/gyse-database.json", " line 3: grossPrice is not a number: \"5000,4\""},
+        {"aid without a member",
+         [](NeakSource& s) { s.aids.replace(s.aids.find("\"tttCode\": \"310000013\", "), 23, ""); },
+         "neak_pupha_2025-12_hdd/gyse-database.json", " line 4: item 2 has no \"tttCode\""},
+        {"aids cut short", [](NeakSource& s) { s.aids.resize(s.aids.size() / 2); },
+         "neak_pupha_2025-12_hdd/gyse-database.json", " line 4: expected a string"},
     };
     for (const Case& c : cases) {
         ScratchDirectory source, output;
@@ -302,11 +394,11 @@ TEST(NeakImport, RefusesMalformedSourcesNamingFileAndColumnOrLine)
     ScratchDirectory source, output;
     NeakSource{}.writeTo(source.path());
     std::string error;
-    EXPECT_FALSE(importNeak(source.path(), output.path(), {.month = "202412", .also = ""}, &error));
+    EXPECT_FALSE(importNeak(source.path(), output.path(), months("202412"), &error));
     EXPECT_EQ(error,
               (source.path() / "neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202412.csv").string() +
                   ": missing or unreadable");
-    EXPECT_FALSE(importNeak(source.path(), output.path(), {.month = "2025-1", .also = ""}, &error));
+    EXPECT_FALSE(importNeak(source.path(), output.path(), months("2025-1"), &error));
     EXPECT_EQ(error, "a month is YYYYMM, and --also names another month");
 }
 
@@ -325,8 +417,7 @@ TEST(NeakImport, OlderMonthAddsItsProductsAndMarksTheNewOnes)
                   std::ios::binary)
         << older;
     std::string error;
-    const auto report =
-        importNeak(source.path(), output.path(), {.month = "202501", .also = "202401"}, &error);
+    const auto report = importNeak(source.path(), output.path(), months("202501", "202401"), &error);
     ASSERT_TRUE(report) << error;
     EXPECT_EQ(report->problems, std::vector<std::string>());
     const auto products = importedProducts(output.path());
@@ -358,14 +449,14 @@ TEST(NeakImport, SameInputGivesByteIdenticalWindows1250CrLfFiles)
             }
         ++files;
     }
-    EXPECT_EQ(files, 27);
+    EXPECT_EQ(files, 38);
     EXPECT_NE(first.read("nevrend.dat").find("INSULA 100 EGYS\xC9G/ML"), std::string::npos);
 }
 
 #ifdef ROVANEL_REAL_DB
 // The bundled real database, imported at build time from data/vendor/neak: consistent, the same bytes
-// as a fresh import, and the figures of named products as the turnover rows give them.
-TEST(NeakImportRealData, BundledDatabaseIsConsistentReproducibleAndHoldsTheRealFigures)
+// as a fresh import, the counts of every stage, and named products.
+TEST(NeakImportRealData, BundledDatabaseIsConsistentReproducibleAndComplete)
 {
     const std::filesystem::path real = ROVANEL_REAL_DB;
     EXPECT_EQ(checkDatabase(real, CheckMode::AnyDatabase), std::vector<std::string>());
@@ -383,35 +474,106 @@ TEST(NeakImportRealData, BundledDatabaseIsConsistentReproducibleAndHoldsTheRealF
     EXPECT_EQ(report->nutrition, 214);
     EXPECT_EQ(report->others, 3);
     EXPECT_EQ(report->regulations, 233);
+    EXPECT_EQ(report->bnoNodes, 23658);  // U99 has no name
+    EXPECT_EQ(report->bnoRules, 11734);
+    EXPECT_EQ(report->titleLines, 3677);
+    EXPECT_EQ(report->aids, 3309);
 
-    // Hand-checked against the turnover rows (FOGYAR/DOBOZ, TBTAM/DOBOZ by title, DOTFORG/DOBOZ).
+    // Unique names and the placeholder points of named products (their figures: the test below).
     struct Case {
-        const char* ttt;
-        const char* name;
-        const char* price;
-        const char* normative;
-        const char* doses;
-        const char* supports;
+        const char *ttt, *name, *supports;
     };
     const Case cases[] = {
-        {"210712376", "ABASAGLAR 100 EGYSÉG/ML OLD.INJ. PATRONB 10X3 ML", "24332", "0", "75",
-         "*E50 12166,K100 24032"},
-        {"210342333", "AMLODIPIN SANDOZ 5 MG TABLETTA 30X", "295", "219", "30", "-"},
-        {"210342414", "AMLODIPIN SANDOZ 10 MG TABLETTA 30X", "547", "391", "60", "-"},
-        {"210514697", "ADENURIC 80 MG FILMTABLETTA 28X (4697)", "4914", "0", "28", "*E50 2082"},
-        {"210763759", "ADENURIC 80 MG FILMTABLETTA 28X (3759)", "4914", "0", "28", "*E50 2082"},
+        {"210712376", "ABASAGLAR 100 EGYSÉG/ML OLD.INJ. PATRONB 10X3 ML", "*E50 12166,K100 24032"},
+        {"210342333", "AMLODIPIN SANDOZ 5 MG TABLETTA 30X", "-"},
+        {"210514697", "ADENURIC 80 MG FILMTABLETTA 28X (4697)", "*E50 2082"},
+        {"210763759", "ADENURIC 80 MG FILMTABLETTA 28X (3759)", "*E50 2082"},
     };
     const auto products = importedProducts(real);
-    EXPECT_EQ(products.size(), 3677u);
     for (const Case& c : cases) {
         ASSERT_TRUE(products.count(c.ttt)) << c.ttt;
-        const Imported& p = products.at(c.ttt);
-        EXPECT_EQ(p.name, c.name) << c.ttt;
-        EXPECT_EQ(p.price, c.price) << c.ttt;
-        EXPECT_EQ(p.normative, c.normative) << c.ttt;
-        EXPECT_EQ(p.support[0], c.doses) << c.ttt;
-        EXPECT_EQ(p.support[5], c.supports) << c.ttt;
+        EXPECT_EQ(products.at(c.ttt).name, c.name);
+        EXPECT_EQ(products.at(c.ttt).support[5], c.supports);
     }
+
+    // The BNO check on the real files: a placeholder point refuses every code, a real point admits its own.
+    const RegulationKeys abasaglar =
+        lookupTamttt(readWholeFile(real / "tamttt.dat").value_or(""), "210712376").keys;
+    EXPECT_EQ(abasaglar, (RegulationKeys{"K100", "*E50"}));
+    const struct {
+        RegulationKeys keys;
+        bool feePaying;
+        const char* code;
+        const char* refusal;
+    } checks[] = {{abasaglar, false, "E1090", "Hiba: Nincs hozzárendelt BNO kód"},
+                  {abasaglar, true, "E1090", "Hiba: Nincs hozzárendelt BNO kód"},
+                  {{"KEU8/a1", ""}, false, "R72H0", ""},
+                  {{"KEU8/a1", ""}, false, "G4090", "Hiba: Rendeletben nem szereplő BNO kód"}};
+    for (const auto& check : checks) {
+        const BnoCheckResult result = checkBno(real, check.keys, check.code, check.feePaying, 3);
+        EXPECT_EQ(result.accepted, !*check.refusal) << check.code;
+        EXPECT_EQ(result.message ? cp1250ToUtf8(result.message->text) : "", check.refusal) << check.code;
+    }
+}
+
+// Every product of the bundled month: price, normative, emelt and kiemelt support and daily doses equal
+// the formulas over its turnover rows (the row of most packs of the title; never TBTAM+KVATER).
+TEST(NeakImportRealData, EveryProductsFiguresFollowFromItsTurnoverRows)
+{
+    const auto content =
+        readWholeFile(std::filesystem::path(ROVANEL_SOURCE_DIR) /
+                      "data/vendor/neak/neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv");
+    ASSERT_TRUE(content);
+    std::string error;
+    const auto table =
+        parseSourceTable(*content,
+                         {"t",
+                          ',',
+                          SourceEncoding::Utf8,
+                          {"IDOSZAK", "BRAND", "BRANDID", "TTT", "NEV", "KISZNEV", "TK", "ATC", "HATOANYAG",
+                           "VENYTIPUS", "JOGCIM", "DOBOZ", "DOTFORG", "TBTAM", "FOGYAR", "TERDIJ", "KVATER"}},
+                         &error);
+    ASSERT_TRUE(table) << error;
+    std::map<std::string, std::vector<const std::vector<std::string>*>> rowsOf;
+    for (const auto& row : table->rows)
+        if (std::string_view("21 22 23 24 27").find(row[3].substr(0, 2)) != std::string_view::npos)
+            rowsOf[row[3]].push_back(&row);
+    const auto products = importedProducts(ROVANEL_REAL_DB);
+    ASSERT_EQ(products.size(), rowsOf.size());
+    const auto number = [](const std::string& text) { return text.empty() ? 0.0 : std::stod(text); };
+    // Column `column` over the packs of the largest row of the first title that has one.
+    const auto perPack = [&](const std::string& ttt, std::initializer_list<const char*> titles, int column) {
+        for (const char* title : titles) {
+            const std::vector<std::string>* best = nullptr;
+            for (const auto* row : rowsOf[ttt])
+                if ((!*title || (*row)[10] == utf8ToCp1250(title)) && number((*row)[11]) > 0 &&
+                    (!best || number((*row)[11]) > number((*best)[11])))
+                    best = row;
+            if (best) return number((*best)[static_cast<std::size_t>(column)]) / number((*best)[11]);
+        }
+        return 0.0;
+    };
+    int checked = 0;
+    for (const auto& [ttt, p] : products) {
+        ASSERT_TRUE(rowsOf.count(ttt)) << ttt;
+        EXPECT_NEAR(number(p.price), perPack(ttt, {""}, 14), 0.5) << ttt;
+        EXPECT_NEAR(number(p.normative), perPack(ttt, {"Normatív", "Közgyógy"}, 13), 0.5) << ttt;
+        std::string doses = p.support[0];
+        std::replace(doses.begin(), doses.end(), ',', '.');
+        EXPECT_NEAR(number(doses), perPack(ttt, {""}, 12), 0.00005) << ttt;
+        double increased = 0, highlighted = 0;
+        if (p.support[5] != "-")
+            for (std::size_t from = 0; from < p.support[5].size();) {
+                const std::size_t end = std::min(p.support[5].find(',', from), p.support[5].size());
+                const std::string entry = p.support[5].substr(from, end - from);
+                (entry[0] == 'K' ? highlighted : increased) = number(entry.substr(entry.find(' ') + 1));
+                from = end + 1;
+            }
+        EXPECT_NEAR(increased, perPack(ttt, {"Emelt", "Emelt-Kgy"}, 13), 0.5) << ttt;
+        EXPECT_NEAR(highlighted, perPack(ttt, {"Kiemelt", "Kiemelt-Kgy"}, 13), 0.5) << ttt;
+        ++checked;
+    }
+    EXPECT_EQ(checked, 3677);
 }
 #endif
 

@@ -37,4 +37,12 @@ inline constexpr std::size_t kMaximumTableBytes = 64u << 20;
 [[nodiscard]] std::optional<SourceTable> parseSourceTable(std::string_view content, const TableLayout& layout,
                                                           std::string* error);
 
+// Parses a JSON document whose top-level object holds `arrayName`, an array of objects (the medical-aids
+// catalogue's "items"): one row per object with the values of the layout's columns, the member names, in
+// that order (strings unescaped and in Windows-1250, numbers as written, true/false as such, null empty).
+// Members not asked for may hold anything. A missing member, a value that is not JSON or nesting deeper
+// than 64 levels is refused with the file, the line and what is wrong; the delimiter is not used.
+[[nodiscard]] std::optional<SourceTable> parseJsonItems(std::string_view content, std::string_view arrayName,
+                                                        const TableLayout& layout, std::string* error);
+
 }  // namespace rovanel

@@ -85,11 +85,15 @@ int chapterOf(std::string_view code)
 // bno.tre: the chapters at depth 0, then under each its 3-character codes (depth 1), 4-character codes under
 // their 3-character parent (depth 2) and 5-character codes under their 4-character parent (depth 3). A code
 // whose parent is missing goes one level up ("I10H0" under "I10"). Node text "CODE name".
-std::string bnoTree(std::size_t* nodeCount)
+}  // namespace
+
+bool inBnoChapter(std::string_view code) { return chapterOf(code) >= 0; }
+
+std::string bnoTreeText(std::span<const BnoBookEntry> entries, std::size_t* nodeCount)
 {
     std::vector<std::vector<const BnoBookEntry*>> byChapter(kChapters.size());
     std::set<std::string_view> codes;
-    for (const BnoBookEntry& entry : bnoBook()) {
+    for (const BnoBookEntry& entry : entries) {
         const int chapter = chapterOf(entry.code);
         if (chapter < 0) continue;
         byChapter[static_cast<std::size_t>(chapter)].push_back(&entry);
@@ -119,6 +123,23 @@ std::string bnoTree(std::size_t* nodeCount)
     return tree;
 }
 
+std::string bnoRuleText(const std::vector<std::pair<std::string, std::string>>& rules)
+{
+    std::string text;
+    for (const auto& [key, code] : rules) text += key + " " + code + "\r\n";
+    return text;
+}
+
+std::string qualificationText(const std::vector<std::pair<std::string, std::string>>& pairs)
+{
+    std::string text;
+    for (const auto& [key, qualification] : pairs) text += key + "," + qualification + ";\r\n";
+    return text;
+}
+
+namespace
+{
+
 // The 5-character codes of the tree: the codes a rule may admit.
 std::vector<std::string_view> prescribableCodes()
 {
@@ -129,11 +150,13 @@ std::vector<std::string_view> prescribableCodes()
     return codes;
 }
 
-void addRules(std::string& rules, std::size_t& lines, std::string_view key,
+using KeyedCodes = std::vector<std::pair<std::string, std::string>>;
+
+void addRules(KeyedCodes& rules, std::size_t& lines, std::string_view key,
               const std::vector<std::string_view>& codes)
 {
     for (const std::string_view code : codes) {
-        rules += std::string(key) + " " + std::string(code) + "\r\n";
+        rules.emplace_back(key, code);
         ++lines;
     }
 }
@@ -152,7 +175,7 @@ std::string bnoRules(const std::vector<std::string>& points, std::uint64_t seed)
 {
     Numbers numbers(seed);
     const auto codes = prescribableCodes();
-    std::string rules;
+    KeyedCodes rules;
     std::size_t lines = 0;
     for (const std::string& point : points)
         addRules(rules, lines, point, drawCodes(numbers, codes, 20 + numbers.below(60)));
@@ -166,7 +189,7 @@ std::string bnoRules(const std::vector<std::string>& points, std::uint64_t seed)
         addRules(rules, lines, key,
                  drawCodes(numbers, codes, std::min<std::size_t>(12000 - lines, 20 + numbers.below(200))));
     }
-    return rules;
+    return bnoRuleText(rules);
 }
 
 // Qualification codes (5 digits) by the specialist a regulation text names.
@@ -189,13 +212,12 @@ constexpr std::array<Specialty, 9> kSpecialties = {{
 // The search key of a point as the qualification check forms it: the code itself (rate prefix included).
 std::string qualifications(const std::vector<std::pair<std::string, std::string>>& points)
 {
-    std::string text;
+    KeyedCodes pairs;
     for (const auto& [code, pointText] : points)
         for (const Specialty& specialty : kSpecialties)
-            if (contains(pointText, utf8ToCp1250(specialty.word)))
-                text += code + "," + specialty.code + ";\r\n";
-    text += std::string(kPlantedFeeKey) + "," + kPlantedQualification + ";\r\n";
-    return text;
+            if (contains(pointText, utf8ToCp1250(specialty.word))) pairs.emplace_back(code, specialty.code);
+    pairs.emplace_back(kPlantedFeeKey, kPlantedQualification);
+    return qualificationText(pairs);
 }
 
 std::string layoutBFlags(bool normative, bool publicCare, bool free, bool feePaying)
@@ -208,8 +230,9 @@ std::string layoutBFlags(bool normative, bool publicCare, bool free, bool feePay
     return flags;
 }
 
-// tamttt.dat: one line per product, by its ttt code, in record order, then the planted drugs.
-std::string titleFlags(const std::filesystem::path& directory)
+}  // namespace
+
+std::string titleFlagText(const std::filesystem::path& directory)
 {
     std::string text;
     const StartupTables tables = loadStartupTables(directory, directory / "no-user.ini");
@@ -233,6 +256,16 @@ std::string titleFlags(const std::filesystem::path& directory)
                 layoutBFlags(normative, trim(prices.support[7]) == "1", !free.empty(), !fee.empty()) + ";" +
                 fee + ";" + free + "\r\n";
     }
+    return text;
+}
+
+namespace
+{
+
+// tamttt.dat: the products' lines, then the planted drugs.
+std::string titleFlags(const std::filesystem::path& directory)
+{
+    std::string text = titleFlagText(directory);
     const std::array<std::array<std::string, 4>, 6> planted = {{
         {kPlantedSimpleDrug, "1011111000", kPlantedFeeKey, kPlantedFreeKey},
         {kPlantedListDrug, "1011111000", std::string(kPlantedFreeKey) + "," + kPlantedFeeKey,
@@ -269,7 +302,7 @@ constexpr std::array<const char*, 14> kDosages = {
 std::size_t bnoTreeNodeCount()
 {
     std::size_t nodes = 0;
-    (void)bnoTree(&nodes);
+    (void)bnoTreeText(bnoBook(), &nodes);
     return nodes;
 }
 
@@ -290,7 +323,7 @@ bool writePrescriptionFiles(const std::filesystem::path& directory, std::uint64_
     std::string dosages;
     for (const char* dosage : kDosages) dosages += utf8ToCp1250(dosage) + "\r\n";
     const std::array<std::pair<const char*, std::string>, 5> files = {{
-        {"bno.tre", bnoTree(nullptr)},
+        {"bno.tre", bnoTreeText(bnoBook())},
         {"bnohr.dat", bnoRules(points, seed)},
         {"tamttt.dat", titleFlags(directory)},
         {"szvhr.dat", qualifications(pointTexts)},

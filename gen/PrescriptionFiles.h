@@ -7,7 +7,13 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <span>
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "gen/BnoBook.h"
 
 namespace rovanel
 {
@@ -36,6 +42,21 @@ inline constexpr const char* kPlantedAbsentDrug = "900000009";         // no ent
 // inf.dat, nevrend.dat and rend.dat. False and a reason when a file cannot be written.
 [[nodiscard]] bool writePrescriptionFiles(const std::filesystem::path& directory, std::uint64_t seed,
                                           std::string* error);
+
+// The writers of the files, shared by the generator and the importer (Windows-1250, CR LF).
+// bno.tre from BNO entries sorted by code: the 22 chapters, then each chapter's codes of 3 to 5 characters
+// under their parents; codes outside every chapter are left out. `nodeCount` gets the number of lines.
+[[nodiscard]] std::string bnoTreeText(std::span<const BnoBookEntry> entries,
+                                      std::size_t* nodeCount = nullptr);
+// Whether a code falls in one of the tree's chapters (the others are left out of the tree).
+[[nodiscard]] bool inBnoChapter(std::string_view code);
+// bnohr.dat: one "KEY CODE" line per (key, 5-character code) pair, in the given order.
+[[nodiscard]] std::string bnoRuleText(const std::vector<std::pair<std::string, std::string>>& rules);
+// szvhr.dat: one "KEY,QUALIFICATION;" line per pair, in the given order.
+[[nodiscard]] std::string qualificationText(const std::vector<std::pair<std::string, std::string>>& pairs);
+// tamttt.dat: one line per product of the database in `directory` (its gy.ful, nevpos.dat, inf.dat...),
+// in record order: the ttt code, the Layout B flags from the support line and its fee and free keys.
+[[nodiscard]] std::string titleFlagText(const std::filesystem::path& directory);
 
 // The chapters of bno.tre and the depth rules, exposed for the database check: the number of nodes the
 // tree of the vendored list has.

@@ -1,4 +1,5 @@
-// A small NEAK source directory in the published layouts (turnover, ATC book, EU points and texts), for
+// A small NEAK source directory in the published layouts (turnover, ATC book, EU points and texts, BNO
+// codes and links, prescriber rights, the medical-aids catalogue), for
 // the importer's tests and the corruption sweep. Each table's text can be replaced before writing.
 #pragma once
 
@@ -87,6 +88,40 @@ struct NeakSource {
         "Normatív;9;;S\n";
     std::string texts =
         "ID;EUPONT_ID;NDX;LEIRAS\n11;1;2;második_x000d_\n10;1;1;\"első\nsor\"\n12;2;1;emelt\n";
+    // A 1-character code and XXX stay out of the tree; I10H0 has no 4-character parent, U0710 no parent.
+    std::string bnoCodes =
+        "ID;KOD;LEIRAS\n1;G;Idegrendszer\n2;G40;Epilepszia\n3;G409;Epilepszia k.m.n.\n"
+        "4;G4090;Epilepszia k.m.n., roham nélkül\n5;I10;Magasvérnyomás-betegség\n"
+        "6;I10H0; Magasvérnyomás-betegség (elsődleges)\n7;XXX;az alap betegség BNO kódja\n"
+        "8;U0710;COVID-19\n9;E1190;Nem inzulin-dependens cukorbetegség\n";
+    // Point 1 admits G4090 and I10H0 (the 4-character G409 and XXX are skipped), point 2 E1190.
+    std::string bnoLinks = "EUPONT_ID;BNO_ID\n1;6\n1;4\n1;3\n2;9\n2;7\n";
+    // Point 1: cardiology (the refused pulmonology is left out); point 2 unrestricted; point 3: code 12.
+    std::string rights =
+        "EUPONT_ID;KATEGORIA_ID;KATEGORIA;JOGOSULT;JIDOKORLAT;SZAKV_ID;KIINT_ID\n"
+        "1;1;Fekvőbeteg gyógyintézet;írhat;0;2;1\n1;1;Fekvőbeteg gyógyintézet;Nincs jogosultsága;0;3;1\n"
+        "2;4;Megkötés nélkül;írhat;0;1;1\n2;4;Háziorvos;javaslatra írhat;0;2;1\n"
+        "3;1;Kijelölt intézmény;írhat;0;4;1\n";
+    std::string specialties =
+        "ID;KOD;LEIRAS;MEGFELEL\n1;0;Megkötés nélkül;\n2;301;Kardiológia;\n3;401;Tüdőgyógyászat;\n"
+        "4;12;Belgyógyászat;\n";
+    // A 15-digit and a 13-digit aid (the catalogue is not sorted), an aid of a bad code that is skipped.
+    std::string aids =
+        "{\"meta\": {\"totalItems\": 3, \"tags\": [1, null]},\n \"items\": [\n"
+        "  {\"isoCode\": \"093006030300101\", \"name\": \"Pelenka  \\\"Extra\\\" \\u0151\", \"packSize\": "
+        "\"30 db\", \"grossPrice\": 5000.4, \"patientFee\": 1000.5, \"supportPercent\": 80, \"supportType\": "
+        "\"NOMIN\", \"euSupportPercent\": 98, \"euPatientFee\": 100, \"euPoints\": null, \"tttCode\": "
+        "\"310000011\", \"manufacturer\": \"Gyártó\", \"distributor\": \"Forgalmazó\", \"inMarket\": true},\n"
+        "  {\"isoCode\": \"0624030303001\", \"name\": \"L-111 protézis\", \"packSize\": \"darab\", "
+        "\"grossPrice\": 175629.3, \"patientFee\": 3512.25, \"supportPercent\": 98, \"supportType\": "
+        "\"NOMIN\", "
+        "\"euSupportPercent\": 0, \"euPatientFee\": 0, \"tttCode\": \"310000013\", \"manufacturer\": "
+        "\"Egyedi\", \"distributor\": \"Egyedi\"},\n"
+        "  {\"isoCode\": \"12AB\", \"name\": \"Rossz\", \"packSize\": \"\", \"grossPrice\": 1, "
+        "\"patientFee\": 1, "
+        "\"supportPercent\": 0, \"supportType\": \"\", \"euSupportPercent\": 0, \"euPatientFee\": 0, "
+        "\"tttCode\": "
+        "\"\", \"manufacturer\": \"\", \"distributor\": \"\"}\n]}\n";
 
     void writeTo(const std::filesystem::path& root) const
     {
@@ -95,6 +130,11 @@ struct NeakSource {
             {kAtcBookFile, &book},
             {kEuPointsFile, &points},
             {kEuTextsFile, &texts},
+            {kBnoCodesFile, &bnoCodes},
+            {kBnoLinksFile, &bnoLinks},
+            {kRightsFile, &rights},
+            {kSpecialtiesFile, &specialties},
+            {kAidsFile, &aids},
         };
         for (const auto& [relative, content] : files) {
             const std::filesystem::path path = root / std::string(relative);
