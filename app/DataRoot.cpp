@@ -32,17 +32,24 @@ bool holdsDatabase(const std::filesystem::path& directory)
 namespace
 {
 
+// A path as UTF-8 text, whatever the system's narrow encoding.
+std::string utf8(const std::filesystem::path& path)
+{
+    const std::u8string text = path.u8string();
+    return std::string(reinterpret_cast<const char*>(text.data()), text.size());
+}
+
 Message missingDatabase(const DataRootChoice& choice, const DataRootSearch& search)
 {
     std::string text = "Rovanel nem talált adatbázist (gy.ful). Itt kereste:\n";
-    for (const auto& place : choice.searched) text += "    " + place.string() + "\n";
-    const std::string user = "\"" + search.userDataDirectory.string() + "\"";
+    for (const auto& place : choice.searched) text += "    " + utf8(place) + "\n";
+    const std::string user = "\"" + utf8(search.userDataDirectory) + "\"";
     text += "\nAdatbázist így kaphat:\n";
     // The installed copies are read-only: the user's data folder gets a copy of one.
     const auto installed = [&](const char* name, const char* what) {
         const std::filesystem::path copy = search.installedData / name;
         if (holdsDatabase(copy))
-            text += std::string("  - ") + what + ": másolja a(z) \"" + copy.string() +
+            text += std::string("  - ") + what + ": másolja a(z) \"" + utf8(copy) +
                     "\" mappa tartalmát ide: " + user + "\n";
     };
     installed("demo-db", "a telepített bemutató adatbázis");

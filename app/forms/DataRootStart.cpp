@@ -9,7 +9,7 @@
 namespace
 {
 
-std::filesystem::path toPath(const QString& text) { return std::filesystem::path(text.toStdString()); }
+std::filesystem::path toPath(const QString& text) { return std::filesystem::path(text.toStdU16String()); }
 
 }  // namespace
 
@@ -37,5 +37,5 @@ bool enterDataRoot(QStringList& arguments)
         showMessage(nullptr, *choice.missing);
         return false;
     }
-    return QDir::setCurrent(QString::fromStdString(choice.directory->string()));
+    return QDir::setCurrent(QString::fromStdU16String(choice.directory->u16string()));
 }
