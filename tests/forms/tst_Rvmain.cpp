@@ -398,17 +398,11 @@ void TestRvmain::startFindsTheDatabaseOrSaysWhereItLooked()
         return;
     }
     QVERIFY(!entered);
-    QCOMPARE(
-        m_messages->texts(),
-        QStringList{QString::fromUtf8("Rovanel nem talált adatbázist (gy.ful). Itt kereste:\n    ") +
-                    searched.join("\n    ") +
-                    QString::fromUtf8("\n\nAdatbázist így kaphat:\n"
-                                      "  - bemutató adatbázis készítése: rvcli gen \"%1\"\n"
-                                      "  - valódi adatok a NEAK tábláiból: rvcli import-neak FORRÁSMAPPA "
-                                      "\"%1\"\n"
-                                      "  - meglévő adatbázis: rvw32 --data MAPPA, vagy a ROVANEL_DATA_DIR "
-                                      "környezeti változó")
-                        .arg(userFolder)});
+    // The places looked at; the whole text is checked by DataRoot.MissingDatabaseOffersTheInstalledCopies.
+    QCOMPARE(m_messages->texts().size(), 1);
+    QCOMPARE(m_messages->texts().front().section("\n\n", 0, 0),
+             QString::fromUtf8("Rovanel nem talált adatbázist (gy.ful). Itt kereste:\n    ") +
+                 searched.join("\n    "));
 }
 
 namespace
