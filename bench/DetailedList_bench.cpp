@@ -33,7 +33,8 @@ std::pair<std::string, std::int64_t> groupOf600(const char* database)
     if (const auto known = found.find(database); known != found.end()) return known->second;
     return found[database] = largestGroup(
                [](std::string_view code, std::int32_t count) {
-                   return !code.empty() && code[0] != 'T' && code[0] != 'X' && count < rovanel::kDetailedListLimit;
+                   return !code.empty() && code[0] != 'T' && code[0] != 'X' &&
+                          count < rovanel::kDetailedListLimit;
                },
                database);
 }
@@ -134,10 +135,10 @@ void DetailedList_AllRows(benchmark::State& state, const char* database)
         rows = 0;
         for (std::int32_t record = 0; record < products; ++record)
             if (const auto lines = rovanel::rowBlockLines(gyful, nevpos, record))
-                rows +=
-                    rovanel::GetDailyPrice(*lines, record, demoSharedState(database).tables.productName(record),
-                                           rovanel::ListingMode::Plain, false, groups)
-                        .has_value();
+                rows += rovanel::GetDailyPrice(*lines, record,
+                                               demoSharedState(database).tables.productName(record),
+                                               rovanel::ListingMode::Plain, false, groups)
+                            .has_value();
         benchmark::DoNotOptimize(rows);
     }
     state.counters["rows"] = static_cast<double>(rows);

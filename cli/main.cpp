@@ -1,7 +1,8 @@
 // rvcli: Rovanel's core from the command line. One subcommand per file; output is UTF-8.
+// Exit codes: 0 done, 1 not found, refused or inconsistent, 2 usage error or unreadable input.
+#include <algorithm>
 #include <cstdio>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "cli/Commands.h"
@@ -15,8 +16,26 @@ int main(int argc, char** argv)
     }
     const std::string command = args.front();
     args.erase(args.begin());
-    for (const rovanel::cli::Command& c : rovanel::cli::commands())
-        if (command == c.name) return c.run(rovanel::cli::Invocation{std::move(args), c});
+    if (command == "--help" || command == "-h") {
+        std::fputs(rovanel::cli::helpText().c_str(), stdout);
+        return 0;
+    }
+    if (command == "--version") {
+        std::puts("rvcli (Rovanel) " ROVANEL_VERSION);
+        return 0;
+    }
+    if (command == "--man") {
+        std::fputs(rovanel::cli::manualPage(ROVANEL_VERSION).c_str(), stdout);
+        return 0;
+    }
+    for (const rovanel::cli::Command& c : rovanel::cli::commands()) {
+        if (command != c.name) continue;
+        if (std::find(args.begin(), args.end(), "--help") != args.end()) {
+            std::fputs(rovanel::cli::commandHelpText(c).c_str(), stdout);
+            return 0;
+        }
+        return c.run(rovanel::cli::Invocation{std::move(args), c});
+    }
     std::fprintf(stderr, "rvcli: unknown command '%s'\n", command.c_str());
     std::fputs(rovanel::cli::usageText().c_str(), stderr);
     return 2;

@@ -493,8 +493,8 @@ TEST(CorruptionSweep, ImporterRefusesOrWritesAConsistentDatabaseFromEveryDamaged
         return exerciseEveryReader(output.path(), Probe{{0, 1}, {}, {0, 1}});
     };
     std::vector<std::string> files{"neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv"};
-    for (const std::string_view file : {kAtcBookFile, kEuPointsFile, kEuTextsFile, kBnoCodesFile, kBnoLinksFile,
-                                        kRightsFile, kSpecialtiesFile, kAidsFile})
+    for (const std::string_view file : {kAtcBookFile, kEuPointsFile, kEuTextsFile, kBnoCodesFile,
+                                        kBnoLinksFile, kRightsFile, kSpecialtiesFile, kAidsFile})
         files.emplace_back(file);
     damageEach(source, files, import);
 }

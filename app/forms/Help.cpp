@@ -13,6 +13,8 @@
 #include <QWidget>
 #include <utility>
 
+#include "app/forms/DataRootStart.h"
+
 namespace
 {
 
@@ -89,7 +91,9 @@ int helpContext(const QWidget* widget) { return widget->property(kHelpContextPro
 
 QString helpPagePath(int context)
 {
-    const QDir folder(QCoreApplication::applicationDirPath() + "/help");
+    // Beside the program in the build tree; in share/rovanel/help when installed.
+    QDir folder(QCoreApplication::applicationDirPath() + "/help");
+    if (!folder.exists()) folder.setPath(installedDataFolder() + "/help");
     const QString page = folder.filePath(QString::number(context) + ".html");
     return QFileInfo::exists(page) ? page : folder.filePath("index.html");
 }

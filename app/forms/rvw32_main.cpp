@@ -1,12 +1,13 @@
 // rvw32: the Rovanel program. Claims the user's instance first of all (a second start brings the running
 // program to the front and ends), creates every window once (the main window first), and runs until the
-// main window closes. The data directory is the working directory.
+// main window closes. The data directory, found first (app/DataRoot.h), is the working directory.
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QTimer>
 #include <cstdio>
 #include <memory>
 
+#include "app/forms/DataRootStart.h"
 #include "app/forms/Msgdlg.h"
 #include "app/forms/RefreshFromUpdatePath.h"
 #include "app/forms/Rvmain.h"
@@ -38,6 +39,9 @@ int main(int argc, char** argv)
     // Before anything can show a box: a running Rovanel comes to the front instead; nothing opens here.
     const std::unique_ptr<SingleInstance> instance = SingleInstance::claim();
     if (!instance) return 0;
+    // The database: without one the start-up message says where Rovanel looked, and the program ends.
+    QStringList arguments = QApplication::arguments().mid(1);
+    if (!enterDataRoot(arguments)) return 1;
     // Closing the main window ends the program, whatever other windows are open.
     app.setQuitOnLastWindowClosed(false);
     // A newer database in the practice's update directory is installed before any window exists; the
@@ -50,7 +54,7 @@ int main(int argc, char** argv)
     // TQRf, TRp2, TRp3. A window joins with two lines in its place in that order, for example:
     //     auto Gylist = std::make_unique<TGylist>(Main->state());
     //     Main->attachWindow(TMain::Window::Gylist, Gylist.get());
-    auto Main = std::make_unique<TMain>(QApplication::arguments().mid(1));
+    auto Main = std::make_unique<TMain>(arguments);
     QObject::connect(Main.get(), &TMain::closed, &app, &QCoreApplication::quit);
     auto Gylist = std::make_unique<TGylist>(Main->state());
     Main->attachWindow(TMain::Window::Gylist, Gylist.get());

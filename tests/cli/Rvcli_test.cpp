@@ -106,4 +106,33 @@ TEST(Rvcli, UsageComesFromTheCommandTableAndEndsItsLine)
     EXPECT_EQ(rvcli("verify", true).out, "rvcli: usage: rvcli verify DIR\n");
 }
 
+TEST(Rvcli, HelpVersionAndManualPageComeFromTheCommandTable)
+{
+    const CliRun help = rvcli("--help");
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_NE(help.out.find("\n  verify          what is inconsistent in a database directory\n"),
+              std::string::npos);
+    EXPECT_NE(help.out.find("exit codes:\n  0  done\n  1  not found, refused or inconsistent\n"
+                            "  2  usage error, or an input that cannot be read\n"),
+              std::string::npos);
+    const CliRun gen = rvcli("gen --help");
+    EXPECT_EQ(gen.exitCode, 0);
+    EXPECT_EQ(gen.out,
+              "usage: rvcli gen DIR [--products N] [--seed S]\n"
+              "write a complete, self-consistent synthetic database into DIR and list its planted cases\n\n"
+              "  DIR           the database directory to write (made when missing)\n"
+              "  --products N  number of products, 10000 when not given\n"
+              "  --seed S      the generator's seed, 1 when not given\n");
+    EXPECT_EQ(rvcli("names " + kDemo + " --help").out.rfind("usage: rvcli names DIR [--nutrition]\n", 0), 0u);
+    EXPECT_EQ(rvcli("--version").out.rfind("rvcli (Rovanel) ", 0), 0u);
+    const std::string man = rvcli("--man").out;
+    EXPECT_EQ(man.rfind(".TH RVCLI 1 ", 0), 0u);
+    EXPECT_NE(man.find(".TP\n.B rvcli gen DIR [\\-\\-products N] [\\-\\-seed S]\n"), std::string::npos);
+    std::size_t entries = 0;
+    for (std::size_t at = man.find(".TP\n.B rvcli "); at != std::string::npos;
+         at = man.find(".TP\n.B rvcli ", at + 1))
+        ++entries;
+    EXPECT_EQ(entries, lines(rvcli("", true).out).size() - 1) << "one manual entry per usage line";
+}
+
 }  // namespace

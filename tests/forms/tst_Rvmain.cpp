@@ -16,6 +16,7 @@
 #include <memory>
 
 #include "app/RegistrySettings.h"
+#include "app/forms/DataRootStart.h"
 #include "app/forms/Help.h"
 #include "app/forms/Rvmain.h"
 #include "app/forms/SingleInstance.h"
@@ -76,6 +77,8 @@ private slots:
     void missingPictureIsReportedAndStartGoesOn();
     void helpKeyOpensTheMainWindowPage();
     void closingReleasesTheTablesAndEndsTheProgram();
+    void startFindsTheDatabaseOrSaysWhereItLooked_data();
+    void startFindsTheDatabaseOrSaysWhereItLooked();
     void secondStartRaisesTheRunningProgramAndEnds();
     void secondStartDuringAStartUpBoxEnds();
 
@@ -381,6 +384,55 @@ void TestRvmain::closingReleasesTheTablesAndEndsTheProgram()
     QCOMPARE(closed.count(), 1);
     QVERIFY(main.state().tables.productNames.empty());
     QVERIFY(main.state().tables.productCodes.empty());
+}
+
+// The data root: "--data DIR" or ROVANEL_DATA_DIR alone, else the working directory, then the user's data
+// folder; without a database the start-up message names the places and the ways to get one.
+void TestRvmain::startFindsTheDatabaseOrSaysWhereItLooked_data()
+{
+    QTest::addColumn<QString>("given");  // "option", "environment" or empty
+    QTest::addColumn<bool>("givenHoldsDatabase");
+    QTest::addColumn<bool>("userFolderHoldsDatabase");
+    QTest::newRow("nowhere") << QString() << false << false;
+    QTest::newRow("user's data folder") << QString() << false << true;
+    QTest::newRow("--data") << "option" << true << false;
+    QTest::newRow("--data without database") << "option" << false << true;
+    QTest::newRow("ROVANEL_DATA_DIR without database") << "environment" << false << true;
+}
+
+void TestRvmain::startFindsTheDatabaseOrSaysWhereItLooked()
+{
+    QFETCH(QString, given);
+    QFETCH(bool, givenHoldsDatabase);
+    QFETCH(bool, userFolderHoldsDatabase);
+    const ScratchDirectory empty, xdg;
+    const auto userFolder = QString::fromStdString((xdg.path() / "rovanel").string());
+    if (userFolderHoldsDatabase) std::filesystem::copy(m_data->path(), xdg.path() / "rovanel");
+    const QString named =
+        QString::fromStdString((givenHoldsDatabase ? m_data->path() : empty.path()).string());
+    QDir::setCurrent(QString::fromStdString(empty.path().string()));
+    qputenv("XDG_DATA_HOME", xdg.path().c_str());
+    if (given == "environment") qputenv("ROVANEL_DATA_DIR", named.toUtf8());
+    QStringList arguments{"-gy"};
+    if (given == "option") arguments = QStringList{"--data", named, "-gy"};
+
+    const bool entered = enterDataRoot(arguments);
+    qunsetenv("ROVANEL_DATA_DIR");
+    QCOMPARE(arguments, QStringList{"-gy"});
+    const QStringList searched =
+        given.isEmpty() ? QStringList{QDir::currentPath(), userFolder} : QStringList{named};
+    if (givenHoldsDatabase || (given.isEmpty() && userFolderHoldsDatabase)) {
+        QVERIFY(entered);
+        QCOMPARE(QDir::currentPath(), given.isEmpty() ? userFolder : named);
+        QVERIFY(m_messages->texts().isEmpty());
+        return;
+    }
+    QVERIFY(!entered);
+    // The places looked at; the whole text is checked by DataRoot.MissingDatabaseOffersTheInstalledCopies.
+    QCOMPARE(m_messages->texts().size(), 1);
+    QCOMPARE(m_messages->texts().front().section("\n\n", 0, 0),
+             QString::fromUtf8("Rovanel nem talált adatbázist (gy.ful). Itt kereste:\n    ") +
+                 searched.join("\n    "));
 }
 
 namespace
