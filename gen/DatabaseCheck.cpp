@@ -263,8 +263,8 @@ void checkPrescriptionFiles(const std::filesystem::path& directory, CheckMode mo
             (code != "XXXXX" && !bnoCodes.count(code)))
             problems.add("bnohr", at("bnohr.dat", i) + "not \"KEY CODE\" with a code of bno.tre or XXXXX");
         else if (mode == CheckMode::AnyDatabase && !regulationCodes.count(std::string(line.substr(0, blank))))
-            problems.add("bnohr", at("bnohr.dat", i) + "key " + std::string(line.substr(0, blank)) +
-                                      " not in rend.dat");
+            problems.add("rulekey", at("bnohr.dat", i) + "key " + std::string(line.substr(0, blank)) +
+                                        " not in rend.dat");
         rules.emplace(line);
         keys.emplace(line.substr(0, blank));
     }
@@ -308,10 +308,10 @@ void checkPrescriptionFiles(const std::filesystem::path& directory, CheckMode mo
             // The qualification check searches "KEY,CODE" anywhere in the file: no key may be another's tail.
             const std::string key(line.substr(0, comma));
             if (!regulationCodes.count(key))
-                problems.add("szvhr", at("szvhr.dat", i) + "key " + key + " not in rend.dat");
+                problems.add("rulekey", at("szvhr.dat", i) + "key " + key + " not in rend.dat");
             for (const std::string& other : regulationCodes)
                 if (other != key && other.ends_with(key))
-                    problems.add("szvhr", at("szvhr.dat", i) + "key " + key + " is the tail of " + other);
+                    problems.add("rulekey", at("szvhr.dat", i) + "key " + key + " is the tail of " + other);
         }
         qualifications.emplace(line);
     }
@@ -341,197 +341,192 @@ void checkPrescriptionFiles(const std::filesystem::path& directory, CheckMode mo
     if (drugKeys.count(kPlantedAbsentDrug)) problems.add("planted", "tamttt.dat: the absent drug has a line");
     if (!qualifications.count(std::string(kPlantedFeeKey) + "," + kPlantedQualification + ";"))
         problems.add("planted", "szvhr.dat: no planted qualification of " + std::string(kPlantedFeeKey));
-    // The medical-aid files, each when present (docs/data-format.md 11): sorted by code, each group's offset
-    // the start of its run, one line per node in each list.
-    void checkAidFiles(const std::filesystem::path& directory, Problems& problems)
-    {
-        const auto lines = [&](std::string_view name, std::string& content) {
-            content = readWholeFile(dataFilePath(directory, name)).value_or(std::string());
-            return textLines(name, content, problems);
-        };
-        std::string se, positions, codes, tree, iso, names;
-        const auto aidLines = lines("se.dat", se);
-        std::vector<std::size_t> starts;
-        std::string previous;
-        for (std::size_t i = 0, offset = 0; i < aidLines.size(); offset += aidLines[i].size() + 2, ++i) {
-            const std::string code(aidLines[i].substr(0, aidLines[i].find('\t')));
-            if (code <= previous)
-                problems.add("se", at("se.dat", i) + "code " + code + " not after the one before");
-            previous = code;
-            starts.push_back(offset);
-        }
-        const auto groupCodes = lines("sekod2.dat", codes), groupOffsets = lines("sepos.dat", positions);
-        const std::size_t groupNodes =
-            treeDepths("senrend2.dat", lines("senrend2.dat", tree), problems).size();
-        if (groupCodes.size() != groupNodes || groupOffsets.size() != groupNodes ||
-            lines("seiso.dat", iso).size() != groupNodes)
-            problems.add("se", "senrend2.dat, sekod2.dat, sepos.dat, seiso.dat: not one line per group each");
-        if (lines("senev.dat", names).size() != aidLines.size())
-            problems.add("se", "senev.dat: not one line per aid of se.dat");
-        for (std::size_t k = 0; k < groupCodes.size() && k < groupOffsets.size(); ++k) {
-            std::size_t first = 0;
-            while (first < aidLines.size() && !aidLines[first].starts_with(groupCodes[k])) ++first;
-            if (first == aidLines.size() || groupOffsets[k] != std::to_string(starts[first]))
-                problems.add("se", at("sepos.dat", k) + "not the offset of the first aid of group " +
-                                       std::string(groupCodes[k]));
-        }
+}
+
+// The medical-aid files, each when present (docs/data-format.md 11): sorted by code, each group's offset
+// the start of its run, one line per node in each list.
+void checkAidFiles(const std::filesystem::path& directory, Problems& problems)
+{
+    const auto lines = [&](std::string_view name, std::string& content) {
+        content = readWholeFile(dataFilePath(directory, name)).value_or(std::string());
+        return textLines(name, content, problems);
+    };
+    std::string se, positions, codes, tree, iso, names;
+    const auto aidLines = lines("se.dat", se);
+    std::vector<std::size_t> starts;
+    std::string previous;
+    for (std::size_t i = 0, offset = 0; i < aidLines.size(); offset += aidLines[i].size() + 2, ++i) {
+        const std::string code(aidLines[i].substr(0, aidLines[i].find('\t')));
+        if (code <= previous)
+            problems.add("se", at("se.dat", i) + "code " + code + " not after the one before");
+        previous = code;
+        starts.push_back(offset);
     }
+    const auto groupCodes = lines("sekod2.dat", codes), groupOffsets = lines("sepos.dat", positions);
+    const std::size_t groupNodes = treeDepths("senrend2.dat", lines("senrend2.dat", tree), problems).size();
+    if (groupCodes.size() != groupNodes || groupOffsets.size() != groupNodes ||
+        lines("seiso.dat", iso).size() != groupNodes)
+        problems.add("se", "senrend2.dat, sekod2.dat, sepos.dat, seiso.dat: not one line per group each");
+    if (lines("senev.dat", names).size() != aidLines.size())
+        problems.add("se", "senev.dat: not one line per aid of se.dat");
+    for (std::size_t k = 0; k < groupCodes.size() && k < groupOffsets.size(); ++k) {
+        std::size_t first = 0;
+        while (first < aidLines.size() && !aidLines[first].starts_with(groupCodes[k])) ++first;
+        if (first == aidLines.size() || groupOffsets[k] != std::to_string(starts[first]))
+            problems.add("se", at("sepos.dat", k) + "not the offset of the first aid of group " +
+                                   std::string(groupCodes[k]));
+    }
+}
 
-    // A product block as the checker needs it.
-    struct Block {
-        std::vector<std::string> own, contraindications, sideEffects, supportCodes;
-    };
+// A product block as the checker needs it.
+struct Block {
+    std::vector<std::string> own, contraindications, sideEffects, supportCodes;
+};
 
-    class Checker
-    {
-    public:
-        Checker(const std::filesystem::path& directory, CheckMode mode) : m_directory(directory), m_mode(mode)
-        {
+class Checker
+{
+public:
+    Checker(const std::filesystem::path& directory, CheckMode mode) : m_directory(directory), m_mode(mode) {}
+    std::vector<std::string> run();
+
+private:
+    void checkBlock(std::size_t record, std::string_view block, const std::string& code);
+
+    std::filesystem::path m_directory;
+    CheckMode m_mode;
+    Problems m_problems;
+    std::map<std::string, std::string, std::less<>> m_files;
+    std::vector<Block> m_blocks;
+    std::unordered_set<std::string> m_atcGroups, m_contraindications, m_sideEffects;
+    std::vector<std::pair<std::size_t, std::string>> m_interactionCodes;  // record, code
+    int m_longLines = 0;
+};
+
+void Checker::checkBlock(std::size_t record, std::string_view block, const std::string& code)
+{
+    const std::string where = "gy.ful record " + std::to_string(record) + ": ";
+    Block& parsed = m_blocks[record];
+    std::vector<std::string_view> lines;
+    forEachLine(block, [&](std::string_view line) {
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        lines.push_back(line);
+        return true;
+    });
+    if (lines.empty() || lines.front() != code) {
+        m_problems.add("block", where + "first line is not the product code " + code);
+        return;
+    }
+    int section = kOwn;
+    int arLines = 0, haLines = 0;
+    bool ellText = false;
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        const std::string_view line = lines[i];
+        const auto marker = std::find(kMarkers.begin(), kMarkers.end() - 1, line);
+        if (marker != kMarkers.end() - 1) {
+            const int next = static_cast<int>(marker - kMarkers.begin());
+            if (next != section + 1)
+                m_problems.add("markers", where + "marker " + std::string(line) + " out of order");
+            section = next;
+            if (section == kVege && i + 1 != lines.size())
+                m_problems.add("markers", where + "lines after #vege");
+            continue;
         }
-        std::vector<std::string> run();
-
-    private:
-        void checkBlock(std::size_t record, std::string_view block, const std::string& code);
-
-        std::filesystem::path m_directory;
-        CheckMode m_mode;
-        Problems m_problems;
-        std::map<std::string, std::string, std::less<>> m_files;
-        std::vector<Block> m_blocks;
-        std::unordered_set<std::string> m_atcGroups, m_contraindications, m_sideEffects;
-        std::vector<std::pair<std::size_t, std::string>> m_interactionCodes;  // record, code
-        int m_longLines = 0;
-    };
-
-    void Checker::checkBlock(std::size_t record, std::string_view block, const std::string& code)
-    {
-        const std::string where = "gy.ful record " + std::to_string(record) + ": ";
-        Block& parsed = m_blocks[record];
-        std::vector<std::string_view> lines;
-        forEachLine(block, [&](std::string_view line) {
-            if (line.ends_with('\r')) line.remove_suffix(1);
-            lines.push_back(line);
-            return true;
-        });
-        if (lines.empty() || lines.front() != code) {
-            m_problems.add("block", where + "first line is not the product code " + code);
-            return;
-        }
-        int section = kOwn;
-        int arLines = 0, haLines = 0;
-        bool ellText = false;
-        for (std::size_t i = 1; i < lines.size(); ++i) {
-            const std::string_view line = lines[i];
-            const auto marker = std::find(kMarkers.begin(), kMarkers.end() - 1, line);
-            if (marker != kMarkers.end() - 1) {
-                const int next = static_cast<int>(marker - kMarkers.begin());
-                if (next != section + 1)
-                    m_problems.add("markers", where + "marker " + std::string(line) + " out of order");
-                section = next;
-                if (section == kVege && i + 1 != lines.size())
-                    m_problems.add("markers", where + "lines after #vege");
-                continue;
-            }
-            if (line.size() > (section == kHa ? 1253u : 253u))
-                m_problems.add("length", where + "line longer than its limit");
-            if (line.find('~') != std::string_view::npos || line.find("$2") != std::string_view::npos ||
-                (section != kHa && line.find('#') != std::string_view::npos))
-                m_problems.add("text", where + "line holds '~', '$2' or '#': " + std::string(line));
-            switch (section) {
-                case kOwn:
-                    if (!validCode(line) || line.size() > 10)
-                        m_problems.add("code", where + "bad own code " + std::string(line));
-                    parsed.own.emplace_back(line);
-                    for (std::size_t length : {1u, 3u, 4u, 6u, 8u})
-                        if (!m_atcGroups.count(std::string(line.substr(0, length))))
-                            m_problems.add("code", where + "own code " + std::string(line) +
-                                                       " has no ATC group of length " +
-                                                       std::to_string(length));
-                    break;
-                case kAr:
-                    ++arLines;
-                    if (!parseInteger(line) || *parseInteger(line) < 0)
-                        m_problems.add("price", where + "price line is not a whole number");
-                    break;
-                case kHa: {
-                    ++haLines;
-                    static constexpr std::string_view kDelimiters = ";;;;;;;;^@#$*[]{}()\xB3@";
-                    std::size_t start = 0;
-                    std::vector<std::string_view> fields;
-                    for (char delimiter : kDelimiters) {
-                        const std::size_t end = line.find(delimiter, start);
-                        if (end == std::string_view::npos) break;
-                        fields.push_back(line.substr(start, end - start));
-                        start = end + 1;
-                    }
-                    fields.push_back(line.substr(std::min(start, line.size())));
-                    // strtok cuts field i at the first occurrence of its own delimiter: a field must not hold
-                    // it.
-                    bool empty = false;
-                    for (std::size_t f = 0; f < fields.size(); ++f)
-                        empty = empty || fields[f].empty() ||
-                                (f < kDelimiters.size() &&
-                                 fields[f].find(kDelimiters[f]) != std::string_view::npos);
-                    if (fields.size() != 22 || empty) {
-                        m_problems.add("support", where + "support line is not 22 non-empty fields");
-                        break;
-                    }
-                    if (fields[5] != "-") {
-                        std::size_t from = 0;
-                        while (from <= fields[5].size()) {
-                            std::size_t comma = fields[5].find(',', from);
-                            if (comma == std::string_view::npos) comma = fields[5].size();
-                            const std::string_view entry = fields[5].substr(from, comma - from);
-                            parsed.supportCodes.emplace_back(entry.substr(0, entry.find(' ')));
-                            from = comma + 1;
-                        }
-                    }
-                    if (fields[21] != international(code.substr(0, 8)))
-                        m_problems.add("support",
-                                       where + "support line ATC field differs from the product code");
+        if (line.size() > (section == kHa ? 1253u : 253u))
+            m_problems.add("length", where + "line longer than its limit");
+        if (line.find('~') != std::string_view::npos || line.find("$2") != std::string_view::npos ||
+            (section != kHa && line.find('#') != std::string_view::npos))
+            m_problems.add("text", where + "line holds '~', '$2' or '#': " + std::string(line));
+        switch (section) {
+            case kOwn:
+                if (!validCode(line) || line.size() > 10)
+                    m_problems.add("code", where + "bad own code " + std::string(line));
+                parsed.own.emplace_back(line);
+                for (std::size_t length : {1u, 3u, 4u, 6u, 8u})
+                    if (!m_atcGroups.count(std::string(line.substr(0, length))))
+                        m_problems.add("code", where + "own code " + std::string(line) +
+                                                   " has no ATC group of length " + std::to_string(length));
+                break;
+            case kAr:
+                ++arLines;
+                if (!parseInteger(line) || *parseInteger(line) < 0)
+                    m_problems.add("price", where + "price line is not a whole number");
+                break;
+            case kHa: {
+                ++haLines;
+                static constexpr std::string_view kDelimiters = ";;;;;;;;^@#$*[]{}()\xB3@";
+                std::size_t start = 0;
+                std::vector<std::string_view> fields;
+                for (char delimiter : kDelimiters) {
+                    const std::size_t end = line.find(delimiter, start);
+                    if (end == std::string_view::npos) break;
+                    fields.push_back(line.substr(start, end - start));
+                    start = end + 1;
+                }
+                fields.push_back(line.substr(std::min(start, line.size())));
+                // strtok cuts field i at the first occurrence of its own delimiter: a field must not hold
+                // it.
+                bool empty = false;
+                for (std::size_t f = 0; f < fields.size(); ++f)
+                    empty =
+                        empty || fields[f].empty() ||
+                        (f < kDelimiters.size() && fields[f].find(kDelimiters[f]) != std::string_view::npos);
+                if (fields.size() != 22 || empty) {
+                    m_problems.add("support", where + "support line is not 22 non-empty fields");
                     break;
                 }
-                case kEll:
-                    if (line.starts_with("* ")) {
-                        ellText = true;
-                    } else if (ellText || !m_contraindications.count(std::string(line))) {
-                        m_problems.add("code", where + "bad contraindication line " + std::string(line));
-                    } else {
-                        parsed.contraindications.emplace_back(line);
+                if (fields[5] != "-") {
+                    std::size_t from = 0;
+                    while (from <= fields[5].size()) {
+                        std::size_t comma = fields[5].find(',', from);
+                        if (comma == std::string_view::npos) comma = fields[5].size();
+                        const std::string_view entry = fields[5].substr(from, comma - from);
+                        parsed.supportCodes.emplace_back(entry.substr(0, entry.find(' ')));
+                        from = comma + 1;
                     }
-                    break;
-                case kMh:
-                    if (!m_sideEffects.count(std::string(line)))
-                        m_problems.add("code", where + "unknown side effect " + std::string(line));
-                    parsed.sideEffects.emplace_back(line);
-                    break;
-                case kOv:
-                case kTil:
-                    if (!validCode(line) || line.size() > 11) {
-                        m_problems.add("code", where + "bad interaction code " + std::string(line));
-                    } else if (line.size() == 11) {
-                        if (m_mode == CheckMode::AnyDatabase)
-                            m_problems.add("code",
-                                           where + "11-character interaction code " + std::string(line));
-                        else if (++m_longLines > 1)
-                            m_problems.add("code", where + "a second 11-character interaction line");
-                    } else {
-                        m_interactionCodes.emplace_back(record, line);
-                    }
-                    break;
-                default:
-                    break;
+                }
+                if (fields[21] != international(code.substr(0, 8)))
+                    m_problems.add("support", where + "support line ATC field differs from the product code");
+                break;
             }
+            case kEll:
+                if (line.starts_with("* ")) {
+                    ellText = true;
+                } else if (ellText || !m_contraindications.count(std::string(line))) {
+                    m_problems.add("code", where + "bad contraindication line " + std::string(line));
+                } else {
+                    parsed.contraindications.emplace_back(line);
+                }
+                break;
+            case kMh:
+                if (!m_sideEffects.count(std::string(line)))
+                    m_problems.add("code", where + "unknown side effect " + std::string(line));
+                parsed.sideEffects.emplace_back(line);
+                break;
+            case kOv:
+            case kTil:
+                if (!validCode(line) || line.size() > 11) {
+                    m_problems.add("code", where + "bad interaction code " + std::string(line));
+                } else if (line.size() == 11) {
+                    if (m_mode == CheckMode::AnyDatabase)
+                        m_problems.add("code", where + "11-character interaction code " + std::string(line));
+                    else if (++m_longLines > 1)
+                        m_problems.add("code", where + "a second 11-character interaction line");
+                } else {
+                    m_interactionCodes.emplace_back(record, line);
+                }
+                break;
+            default:
+                break;
         }
-        if (section != kVege) m_problems.add("markers", where + "does not end with #vege after all markers");
-        if (parsed.own.empty() || parsed.own.size() > 19)
-            m_problems.add("code", where + "1 to 19 own codes expected");
-        if (!parsed.own.empty() && parsed.own.front() != code.substr(0, 8))
-            m_problems.add("code", where + "first own code is not the product's ATC code");
-        if (arLines != 2) m_problems.add("price", where + "#ar is not followed by exactly two price lines");
-        if (haLines != 1)
-            m_problems.add("support", where + "#ha is not followed by exactly one support line");
     }
+    if (section != kVege) m_problems.add("markers", where + "does not end with #vege after all markers");
+    if (parsed.own.empty() || parsed.own.size() > 19)
+        m_problems.add("code", where + "1 to 19 own codes expected");
+    if (!parsed.own.empty() && parsed.own.front() != code.substr(0, 8))
+        m_problems.add("code", where + "first own code is not the product's ATC code");
+    if (arLines != 2) m_problems.add("price", where + "#ar is not followed by exactly two price lines");
+    if (haLines != 1) m_problems.add("support", where + "#ha is not followed by exactly one support line");
+}
 
 }  // namespace
 
