@@ -57,7 +57,8 @@ const std::vector<Command>& commands()
         {"detailed", "detailed DIR CODE [--mode N [--row R]] [--sort COL]", runDetailed},
         {"row", "row DIR P", runRow},
         {"print-rx",
-         "print-rx INIFILE --format 0|1|2 [--left N --top N] [--title N] [--drug TEXT] ... [--pdf OUT]",
+         "print-rx INIFILE --format 0|1|2 [--left N --top N] [--record FILE | --drug TEXT ...] [--title N] "
+         "[--pdf OUT]",
          runPrintRx},
         {"certificate", "certificate INIFILE LISTFILE [--date YYYYMMDD] [--pdf OUT]", runCertificate},
         {"recommendation", "recommendation DIR INIFILE --atc CODE [--bno B] [--title TEXT] [--pdf OUT]",
