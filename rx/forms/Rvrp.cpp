@@ -199,6 +199,10 @@ void TRp::buildControls()
     specialistRow->addRow(QString::fromUtf8("Azon"), SzoAzon);
     specialistRow->addRow(QString::fromUtf8("Naplószám"), NaploSzam);
     specialistRow->addRow(QString::fromUtf8("Dátum"), SzoJavDatum);
+    // Opens the recommendation window with this prescription's drug and patient.
+    RpSzakJav = button("RpSzakJav", "Szakorvosi javaslat", specialist);
+    RpSzakJav->setEnabled(false);
+    specialistRow->addRow(QString(), RpSzakJav);
     RpE = new QPlainTextEdit(RpPanel);
     RpE->setObjectName("RpE");
     RpE->setMaximumHeight(60);
@@ -326,13 +330,10 @@ void TRp::buildControls()
     RpMarginPanel->hide();
     showMargins();
     right->addWidget(RpMarginPanel);
-    RpSzakJav = button("RpSzakJav", "Szakorvosi javaslat", this);
-    RpSzakJav->setEnabled(false);
     auto* actions = new QHBoxLayout;
     actions->addWidget(RpSaveOnly);
     actions->addWidget(RpPrint);
     actions->addWidget(RpPdf);
-    actions->addWidget(RpSzakJav);
     right->addLayout(actions);
 
     auto* left = new QVBoxLayout;
