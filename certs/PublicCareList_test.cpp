@@ -23,31 +23,6 @@ TEST(PublicCareList, ARefusedWriteSaysWhyAndLosesNothing)
     EXPECT_EQ(readWholeFile(directory.path() / "kgy.txt").value_or(""), "A;1;X;2;y\r\n");
 }
 
-TEST(PublicCareList, LinesAreCutAsStrtokCutsThem)
-{
-    struct Case {
-        const char* what;
-        std::string content;
-        std::vector<PublicCareEntry> expected;
-    };
-    const Case cases[] = {
-        {"five fields",
-         "C08CA-01;2107;NAME;3;amlodipin \r\n",
-         {{"C08CA-01", "2107", "NAME", "3", "amlodipin "}}},
-        {"an empty field lets the next move up",
-         "C08CA-01;;NAME;3;x\r\n",
-         {{"C08CA-01", "NAME", "3", "x", ""}}},
-        {"a ';' in the last field stays", "A;1;N;3;x;y\n", {{"A", "1", "N", "3", "x;y"}}},
-        {"missing fields are empty", "A;1\r\n", {{"A", "1", "", "", ""}}},
-        {"empty lines are no products", "\r\n\n;;;;\r\nA;1;N;3;x", {{"A", "1", "N", "3", "x"}}},
-        {"no file content", "", {}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        EXPECT_EQ(parsePublicCareList(c.content), c.expected);
-    }
-}
-
 TEST(PublicCareList, IngredientIsTheTreeTextBeforeItsParenthesis)
 {
     const std::vector<TreeNode> tree = {

@@ -111,17 +111,6 @@ TEST(SpecialistRecommendation, HeadingsAndPhysicianValuesOrKitoltendo)
     EXPECT_EQ(cp1250ToUtf8(grids.gg[0][0]), "Üres BNO");
 }
 
-TEST(SpecialistRecommendation, AMissingAtcNameFileGivesItsMessageAndNoLine)
-{
-    Fixture fixture;
-    fixture.directory.remove("atcnrend.dat");
-    RecommendationGrids grids;
-    const auto message = fixture.fill(grids, "90%  EU1");
-    ASSERT_TRUE(message);
-    EXPECT_EQ(cp1250ToUtf8(message->text), "ATC file nyitás hiba.");
-    EXPECT_EQ(row(grids, 1), std::vector<std::string>(9));
-}
-
 TEST(SpecialistRecommendation, AFullGridTakesNoTenthLine)
 {
     Fixture fixture;

@@ -105,10 +105,12 @@ const std::vector<Command>& commands()
         {"row", "row DIR P", "a product's detailed-list row, a cell a line",
          "DIR\tthe database directory\nP\tthe product's record number\n", runRow},
         {"print-rx",
-         "print-rx INIFILE --format 0|1|2 [--left N --top N] [--title N] [--drug TEXT] ... [--pdf OUT]",
+         "print-rx INIFILE --format 0|1|2 [--left N --top N] [--record FILE | --drug TEXT ...] [--title N] "
+         "[--pdf OUT]",
          "a prescription on the official form, listed or written as PDF",
          "INIFILE\tthe patient data file\n--format 0|1|2\tthe form: old, upright or sideways\n"
-         "--left N\tleft margin\n--top N\ttop margin\n--title N\tthe legal title, 0 to 9\n"
+         "--left N\tleft margin\n--record FILE\ta saved drug record of the prescription window\n--top N\ttop "
+         "margin\n--title N\tthe legal title, 0 to 9\n"
          "--drug TEXT\tthe drug's name\n--quantity TEXT\tthe quantity\n--latin TEXT\tthe quantity in Latin\n"
          "--package TEXT\tthe package word\n--ds TEXT\tthe dosage\n--date YYYYMMDD\tthe date, today when not "
          "given\n--copy\ta copy\n--not-substitutable\tnot to be substituted\n--pdf OUT\twrite PDF file OUT\n",

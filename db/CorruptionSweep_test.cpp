@@ -19,6 +19,7 @@
 #include "catalogues/MagiStore.h"
 #include "catalogues/MedicalAids.h"
 #include "certs/PublicCareCertificate.h"
+#include "certs/SpecialistRecommendation.h"
 #include "db/DataFile.h"
 #include "db/DescriptionBuilder.h"
 #include "db/DrugSelection.h"
@@ -240,12 +241,34 @@ std::string checkDetailedList(const StartupTables& tables, const Probe& probe)
             (void)list.fixedGroupClick(SupportKind::Normative, 0);
         }
     }
-    if (const auto entries = readPublicCareList(tables.dataDirectory / "kgy.txt"))
+    return {};
+}
+
+// The public-care list and certificate, and the specialist recommendation's fill for the probed groups
+// (its active ingredient is read from atcnrend.dat).
+std::string checkCertificates(const StartupTables& tables, const Probe& probe)
+{
+    const auto entries = readPublicCareList(tables.dataDirectory / "kgy.txt");
+    if (entries)
         for (const PublicCareEntry& entry : *entries)
             if (entry.atcCode.size() + entry.ttt.size() + entry.name.size() + entry.form.size() +
                     entry.ingredient.size() >
                 511)
                 return "public-care line longer than its buffer";
+    const auto certificate =
+        buildPublicCareCertificate(entries, tables.dataDirectory / "beteg.ini", "20261123");
+    if (certificate.message.has_value() == entries.has_value()) return "public-care message without cause";
+    RecommendationGrids grids;
+    for (const std::int64_t node : probe.atcNodes) {
+        RecommendationHandover handover{"I10H0", "90%  EU13/b", "", {}, {}, {}, {}, {}};
+        if (node >= 0 && static_cast<std::size_t>(node) < tables.atcGroupCodes.size())
+            handover.atcCode = std::string(tables.atcGroupCodes[static_cast<std::size_t>(node)]);
+        const auto message = fillRecommendation(grids, handover, tables.dataDirectory, tables.atcGroupCodes,
+                                                tables.dataDirectory / "beteg.ini");
+        if (!message && grids.gg[1][0].empty()) return "recommendation line missing";
+        if (grids.gg[1][1].size() > 254) return "active ingredient longer than its read";
+    }
+    if (recommendationLayout(grids, "2026.11.23.").pages.empty()) return "recommendation without a page";
     return {};
 }
 
@@ -381,6 +404,7 @@ std::string exerciseEveryReader(const std::filesystem::path& directory, const Pr
         if (std::string broken = checkEngine(tables, probe, KhMode::AtcGroup, node); !broken.empty())
             return broken;
     if (std::string broken = checkDetailedList(tables, probe); !broken.empty()) return broken;
+    if (std::string broken = checkCertificates(tables, probe); !broken.empty()) return broken;
     // The database refresh reads ZARAS.INF: the database against itself is never newer.
     if (const RefreshCheck refresh = checkRefresh(directory, ""); refresh.newer || !refresh.files.empty())
         return "refresh found the database newer than itself";

@@ -52,11 +52,16 @@ inline const std::vector<FuzzLayout>& fuzzLayouts()
         // After the files one more segment: free key, fee key, BNO code, drug key, search text, quantity,
         // "OrvosSzakkep", one a line.
         {"prescription_fuzz", {"bnohr.dat", "tamttt.dat", "bno.tre", "szvhr.dat"}},
-        // The detailed list: a fill, every column's sort, a fixed-group listing, one row, and the
-        // public-care list reader. Parameters: ATC node, listing mode, hide TT, selected row, record.
+        // The detailed list: a fill, every column's sort, a fixed-group listing, one row. Parameters:
+        // ATC node, listing mode, hide TT, selected row, record.
         {"detailed_fuzz",
          {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat", "x.dat", "nevrend.dat", "nevpos.dat", "gy.ful",
-          "atcindin.dat", "atcind.dat", "kgy.txt"}},
+          "atcindin.dat", "atcind.dat"}},
+        // The public-care list and certificate, the specialist recommendation's fill and page.
+        // Parameters: ATC group of the drug, fills in a row.
+        {"certs_fuzz",
+         {"MSG.DAT", "inf.dat", "KOD.DAT", "xd.dat", "x.dat", "nevrend.dat", "atcnrend.dat", "kgy.txt",
+          "beteg.ini"}},
         // The update notice reply and the two ZARAS.INF files of a refresh; no parameters. Segments: the
         // reply, the data directory's ZARAS.INF, the update directory's.
         {"update_fuzz", {}},

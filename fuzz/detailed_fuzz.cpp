@@ -1,9 +1,8 @@
 // The detailed list on a data directory made from the input: a fill in any listing mode, the sort by
-// every column, a fixed-group listing, one product's row, and the public-care list reader.
+// every column, a fixed-group listing and one product's row.
 #include <algorithm>
 #include <cstdint>
 
-#include "certs/PublicCareCertificate.h"
 #include "db/DataFile.h"
 #include "db/StartupTables.h"
 #include "fuzz/FuzzSupport.h"
@@ -49,11 +48,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         FixedGroupState groups;
         (void)GetDailyPrice(*lines, 0, "", ListingMode::Plain, false, groups);
     }
-
-    if (const auto entries = readPublicCareList(directory.path() / "kgy.txt"))
-        for (const PublicCareEntry& entry : *entries)
-            ROVANEL_FUZZ_CHECK(entry.atcCode.size() + entry.ttt.size() + entry.name.size() +
-                                   entry.form.size() + entry.ingredient.size() <=
-                               511);
     return 0;
 }

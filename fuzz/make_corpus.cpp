@@ -153,14 +153,23 @@ int main(int argc, char** argv)
                         writeSeed(folder, number++, input(parameters, layout.files, cut) + separator + probe);
                 }
             } else if (layout.target == "detailed_fuzz") {
-                // ATC node, listing mode, hide TT, selected row, record; a public-care list beside.
-                Database withList = database;
-                withList["kgy.txt"] = "C08CA-01;210751477;NAME;3;amlodipin \r\nA;;B\r\n";
+                // ATC node, listing mode, hide TT, selected row, record.
                 for (const std::string& parameters :
                      {std::string("0 1 0 0 0"), std::string("1 2 1 1 1"), std::string("3 3 0 0 2"),
                       std::to_string(cases.contraindicatedGroupNode) + " 1 0 0 " +
                           std::to_string(cases.medicines),
                       std::to_string(cases.atcGroups) + " 4 1 -1 -1"})
+                    writeSeed(folder, number++, input(parameters, layout.files, database));
+            } else if (layout.target == "certs_fuzz") {
+                // ATC group, fills; a public-care list and a patient data file beside.
+                Database withList = database;
+                withList["kgy.txt"] = "C08CA-01;210751477;NAME;3;amlodipin \r\nA;;B\r\n;;;;\r\n";
+                withList["beteg.ini"] =
+                    "[BetegAdatok]\r\nBeteg neve=Kiss \xC9va\r\nOrvosNeve=Dr. Szab\xF3\r\n"
+                    "[OrvosAdatok]\r\norvnev=Dr. Nagy\r\n";
+                for (const std::string& parameters :
+                     {std::string("0 1"), std::string("2 4"), std::to_string(cases.atcGroups - 1) + " 10",
+                      std::string("-1 2")})
                     writeSeed(folder, number++, input(parameters, layout.files, withList));
             } else if (layout.target == "aids_fuzz") {
                 for (const char* parameters : {"0 1", "2 5", "-1 3", "7 100000"})

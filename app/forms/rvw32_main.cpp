@@ -90,6 +90,11 @@ int main(int argc, char** argv)
     Main->attachWindow(TMain::Window::KgyForm, KgyForm.get());
     auto szj = std::make_unique<Tszj>(Main->state());
     Main->attachWindow(TMain::Window::szj, szj.get());
+    Rp->setRecommendationOpener([form = szj.get()](const rovanel::RecommendationHandover& handover) {
+        form->show();
+        form->raise();
+        form->fill(handover);
+    });
     auto MsgDlg = std::make_unique<TMsgDlg>(Main->registry());
     Main->upgradeCheck().setNoticeWindow(MsgDlg.get());
     auto RvSettings = std::make_unique<TRvSettings>(*Main, Main->registry());

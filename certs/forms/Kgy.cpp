@@ -8,6 +8,7 @@
 
 #include "app/IniFile.h"
 #include "app/UserPaths.h"
+#include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
 #include "certs/PublicCareCertificate.h"
 #include "db/SharedState.h"
@@ -30,6 +31,7 @@ TKgyForm::TKgyForm(rovanel::SharedState& state, QWidget* parent) : QWidget(paren
 {
     setObjectName("KgyForm");
     setWindowTitle(QStringLiteral("Közgyógy igazolás"));
+    setHelpContext(this, 720);
     resize(720, 540);
     m_k = new QTextEdit(this);
     m_k->setObjectName("k");

@@ -10,6 +10,7 @@
 
 #include "app/IniFile.h"
 #include "app/UserPaths.h"
+#include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
 #include "db/Cp1250.h"
 #include "db/SharedState.h"
@@ -56,6 +57,7 @@ Tszj::Tszj(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_st
 {
     setObjectName("szj");
     setWindowTitle(QStringLiteral("Szakorvosi javaslat készítése"));
+    setHelpContext(this, 620);
     resize(900, 560);
     m_bg = grid(this, "bg", 2, 6);
     m_og = grid(this, "og", 2, 6);

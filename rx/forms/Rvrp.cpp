@@ -7,12 +7,14 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QTextEdit>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -20,6 +22,7 @@
 #include "app/RegistrySettings.h"
 #include "app/forms/Help.h"
 #include "app/forms/ShowMessage.h"
+#include "db/AtcCode.h"
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 #include "db/DescriptionBuilder.h"
@@ -196,6 +199,10 @@ void TRp::buildControls()
     specialistRow->addRow(QString::fromUtf8("Azon"), SzoAzon);
     specialistRow->addRow(QString::fromUtf8("Naplószám"), NaploSzam);
     specialistRow->addRow(QString::fromUtf8("Dátum"), SzoJavDatum);
+    // Opens the recommendation window with this prescription's drug and patient.
+    RpSzakJav = button("RpSzakJav", "Szakorvosi javaslat", specialist);
+    RpSzakJav->setEnabled(false);
+    specialistRow->addRow(QString(), RpSzakJav);
     RpE = new QPlainTextEdit(RpPanel);
     RpE->setObjectName("RpE");
     RpE->setMaximumHeight(60);
@@ -299,6 +306,30 @@ void TRp::buildControls()
     printGroups->addWidget(RpFormat);
     printGroups->addWidget(PrintModeGrp);
     right->addLayout(printGroups);
+    // The six margins, hidden until F11 is pressed in NaploSzam.
+    RpMarginPanel = new QGroupBox(QString::fromUtf8("Margók"), this);
+    RpMarginPanel->setObjectName("RpMarginPanel");
+    auto* margins = new QGridLayout(RpMarginPanel);
+    const auto margin = [this, margins](const char* name, const char* caption, int row, int column) {
+        auto* spin = new QSpinBox(RpMarginPanel);
+        spin->setObjectName(name);
+        // A shift above 1000 would read back as a negative one (1000 - n is how negatives are kept).
+        spin->setRange(-99999, 1000);
+        margins->addWidget(new QLabel(QString::fromUtf8(caption), RpMarginPanel), row, column * 2);
+        margins->addWidget(spin, row, column * 2 + 1);
+        return spin;
+    };
+    LeftAlloRegi = margin("LeftAlloRegi", "Régi álló Bal", 0, 0);
+    TopAlloRegi = margin("TopAlloRegi", "Régi álló Felső", 0, 1);
+    LeftAllo = margin("LeftAllo", "Új álló Bal", 1, 0);
+    TopAllo = margin("TopAllo", "Új álló Felső", 1, 1);
+    LeftFekvo = margin("LeftFekvo", "Új fekvő Bal", 2, 0);
+    TopFekvo = margin("TopFekvo", "Új fekvő Felső", 2, 1);
+    SaveNewMargins = button("SaveNewMargins", "Ment", RpMarginPanel);
+    margins->addWidget(SaveNewMargins, 3, 3);
+    RpMarginPanel->hide();
+    showMargins();
+    right->addWidget(RpMarginPanel);
     auto* actions = new QHBoxLayout;
     actions->addWidget(RpSaveOnly);
     actions->addWidget(RpPrint);
@@ -341,6 +372,9 @@ void TRp::buildControls()
     connect(RpSaveOnly, &QPushButton::clicked, this, &TRp::RpSaveOnlyClick);
     connect(RpPrint, &QPushButton::clicked, this, &TRp::RpPrintClick);
     connect(RpPdf, &QPushButton::clicked, this, &TRp::RpPdfClick);
+    connect(RpSzakJav, &QPushButton::clicked, this, &TRp::RpSzakJavClick);
+    connect(SaveNewMargins, &QPushButton::clicked, this, &TRp::SaveNewMarginsClick);
+    NaploSzam->installEventFilter(this);
     connect(BnoKeres, &QPushButton::clicked, this, &TRp::BnoKeresClick);
     connect(BnoNext, &QPushButton::clicked, this, &TRp::BnoNextClick);
     connect(BnoCollapse, &QPushButton::clicked, this, &TRp::BnoCollapseClick);
@@ -352,6 +386,16 @@ void TRp::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     FormShow();
+}
+
+bool TRp::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == NaploSzam && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_F11) {
+        RpMarginPanel->setVisible(!RpMarginPanel->isVisible());
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void TRp::FormShow()
@@ -679,6 +723,52 @@ void TRp::setRegistry(rovanel::RegistryStore* registry)
     if (format < m_formats.size()) m_formats[format]->setChecked(true);
     const auto mode = static_cast<std::size_t>(m_printSettings.printMode);
     if (mode < m_printModes.size()) m_printModes[mode]->setChecked(true);
+    showMargins();
+}
+
+void TRp::showMargins()
+{
+    const rovanel::RxMargins& margins = m_printSettings.margins;
+    LeftAlloRegi->setValue(margins.leftOld);
+    TopAlloRegi->setValue(margins.topOld);
+    LeftAllo->setValue(margins.leftUpright);
+    TopAllo->setValue(margins.topUpright);
+    LeftFekvo->setValue(margins.leftSideways);
+    TopFekvo->setValue(margins.topSideways);
+}
+
+void TRp::SaveNewMarginsClick()
+{
+    m_printSettings.margins = {LeftAlloRegi->value(), TopAlloRegi->value(), LeftAllo->value(),
+                               TopAllo->value(),      LeftFekvo->value(),   TopFekvo->value()};
+    if (!m_registry) return;
+    if (auto refusal = rovanel::writeRxMargins(*m_registry, m_printSettings.margins))
+        showMessage(this, *refusal);
+}
+
+void TRp::setRecommendationOpener(RecommendationOpener opener)
+{
+    m_openRecommendation = std::move(opener);
+    RpSzakJav->setEnabled(static_cast<bool>(m_openRecommendation));
+}
+
+rovanel::RecommendationHandover TRp::recommendationHandover() const
+{
+    rovanel::RecommendationHandover handover;
+    handover.bno = toCp1250(BetegBNO->text());
+    handover.titleText = m_package.designation;
+    handover.atcCode = m_prescription.item.productCode.substr(0, rovanel::kAtcLevelLengths.back());
+    handover.patientName = toCp1250(BetegNev->text());
+    handover.address1 = toCp1250(BetegCim1->text());
+    handover.address2 = toCp1250(BetegCim2->text());
+    handover.birthDate = toCp1250(BetegSzulDat->text());
+    handover.taj = toCp1250(BetegTAJ->text());
+    return handover;
+}
+
+void TRp::RpSzakJavClick()
+{
+    if (m_openRecommendation) m_openRecommendation(recommendationHandover());
 }
 
 void TRp::RpFormatClick(int index)

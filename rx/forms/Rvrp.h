@@ -8,10 +8,12 @@
 #include <QWidget>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "certs/SpecialistRecommendation.h"
 #include "db/TreeFile.h"
 #include "rx/PackageData.h"
 #include "rx/Prescription.h"
@@ -26,6 +28,7 @@ class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
 class QRadioButton;
+class QSpinBox;
 class QTextEdit;
 class QTreeWidget;
 
@@ -71,6 +74,14 @@ public:
     // The user's settings: the format, the print mode and the margins are read from them at once; without
     // them the defaults hold.
     void setRegistry(rovanel::RegistryStore* registry);
+    // What "Szakorvosi javaslat" (RpSzakJav) opens: the specialist recommendation window's fill. Without
+    // one the button is disabled.
+    using RecommendationOpener = std::function<void(const rovanel::RecommendationHandover&)>;
+    void setRecommendationOpener(RecommendationOpener opener);
+    // The hand-over RpSzakJav gives: the BNO code, the package's support designation ("90%  EU13/b") as
+    // the title text, the ATC code of the package (the first eight characters of its product code) and
+    // the patient's data as the controls hold them.
+    [[nodiscard]] rovanel::RecommendationHandover recommendationHandover() const;
     // Today as YYYYMMDD for FelirDat (tests fix it).
     void setToday(std::string date) { m_today = std::move(date); }
 
@@ -87,6 +98,8 @@ public:
     void RpPdfClick();
     void RpFormatClick(int index);
     void PrintModeGrpClick(int index);
+    void SaveNewMarginsClick();
+    void RpSzakJavClick();
     void RpDsListChange();
     void DsAdClick();
     void DsTorolClick();
@@ -98,6 +111,8 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    // F11 in NaploSzam shows or hides the margin panel.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildControls();
@@ -110,6 +125,7 @@ private:
     void showBnoBrowser(bool shown);
     void loadBnoTree();
     [[nodiscard]] bool checkAndSave();
+    void showMargins();
 
     rovanel::SharedState& m_state;
     std::filesystem::path m_dataDirectory;
@@ -125,6 +141,7 @@ private:
     bool m_treeFilled = false;
     rovanel::RxPrintSettings m_printSettings;
     rovanel::RegistryStore* m_registry = nullptr;
+    RecommendationOpener m_openRecommendation;
 
     QLineEdit* BetegNev = nullptr;
     QLineEdit* BetegCim1 = nullptr;
@@ -165,6 +182,15 @@ private:
     std::vector<QRadioButton*> m_formats;
     QGroupBox* PrintModeGrp = nullptr;
     std::vector<QRadioButton*> m_printModes;
+    QPushButton* RpSzakJav = nullptr;
+    QWidget* RpMarginPanel = nullptr;
+    QSpinBox* LeftAlloRegi = nullptr;
+    QSpinBox* TopAlloRegi = nullptr;
+    QSpinBox* LeftAllo = nullptr;
+    QSpinBox* TopAllo = nullptr;
+    QSpinBox* LeftFekvo = nullptr;
+    QSpinBox* TopFekvo = nullptr;
+    QPushButton* SaveNewMargins = nullptr;
     QWidget* RpPanel = nullptr;
     QWidget* BnoPanel = nullptr;
     QListWidget* BnoEuLst = nullptr;

@@ -52,6 +52,30 @@ TEST(RvcliPrintRx, EachFormatsPdfHasTheValuesInTheirBoxesShiftedByTheMargins)
     }
 }
 
+TEST(RvcliPrintRx, ASavedDrugRecordIsPrintedAsTheWindowPrintsIt)
+{
+    rovanel::testing::ScratchDirectory directory;
+    directory.write("beteg.ini", "[BetegAdatok]\nBeteg bno=I10H0\n");
+    directory.write("record.txt",
+                    "210751477;C08CA-0103;Algopyrin 500 mg;1;II;duo;D.S.: naponta 3x1;;20261101;"
+                    "J4500;4~\r\n");
+    const std::string pdf = (directory.path() / "rx.pdf").string();
+    ASSERT_EQ(rvcli("print-rx " + (directory.path() / "beteg.ini").string() +
+                    " --format 1 --left 0 --top 0 --record " + (directory.path() / "record.txt").string() +
+                    " --pdf " + pdf)
+                  .exitCode,
+              0);
+    const auto words = pdfWords(pdf);
+    ASSERT_FALSE(words.empty()) << "pdftotext (poppler-utils) is needed";
+    EXPECT_EQ(textAt(words, mm(38), mm(360)), "Algopyrin 500 mg");
+    EXPECT_EQ(textAt(words, mm(176), mm(260)), "J 4 5 0 0");
+    EXPECT_EQ(textAt(words, mm(256), mm(260)), "2 0 2 6 1 1 0 1");
+    EXPECT_EQ(textAt(words, mm(332), mm(294)), "X");  // title 4: Eü. kiemelt
+    EXPECT_EQ(textAt(words, mm(410), mm(260)), "X");  // not substitutable
+    EXPECT_EQ(rvcli("print-rx x.ini --format 1 --record " + (directory.path() / "none").string()).exitCode,
+              1);
+}
+
 TEST(RvcliPrintRx, WrongArgumentsAndUnwritablePdfsAreRefused)
 {
     rovanel::testing::ScratchDirectory directory;

@@ -5,6 +5,7 @@
 #include <QTextBlock>
 #include <QTextEdit>
 
+#include "app/forms/Help.h"
 #include "certs/forms/Kgy.h"
 #include "db/Cp1250.h"
 #include "rx/forms/PrintRenderer.h"
@@ -83,6 +84,13 @@ void TestKgy::certificateListsEveryProductOfTheListInOrder()
     QCOMPARE(lines.value(27), QStringLiteral("ATC: A02BC01"));
     QCOMPARE(lines.value(39), QStringLiteral("A háziorvos neve: Dr. Kovács Béla"));
     QCOMPARE(lines.last(), QStringLiteral("              háziorvos aláírása"));
+
+    QList<int> opened;
+    const HelpOpener previous = setHelpOpener([&](int context) { opened.append(context); });
+    QTest::keyClick(k, Qt::Key_F1);
+    setHelpOpener(previous);
+    QCOMPARE(opened, QList<int>{720});
+    QVERIFY(helpPagePath(720).endsWith("help/720.html"));
     QVERIFY(k->document()->firstBlock().charFormat().fontWeight() == QFont::Bold ||
             k->document()->firstBlock().begin().fragment().charFormat().fontWeight() == QFont::Bold);
 }

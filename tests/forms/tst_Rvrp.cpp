@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QSpinBox>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextEdit>
@@ -17,6 +19,7 @@
 
 #include "app/IniFile.h"
 #include "app/RegistrySettings.h"
+#include "certs/forms/Szakjav.h"
 #include "db/Cp1250.h"
 #include "db/SharedState.h"
 #include "rx/PackageData.h"
@@ -76,7 +79,8 @@ private slots:
     void regulationTextOfACodeLineOnRightClick();
     void magistralItemIsAddedWithItsCode();
     void printingChecksSavesAndPrintsTheForm();
-    void formatAndModeAreKeptInTheUserSettings();
+    void formatModeAndMarginsAreKeptInTheUserSettings();
+    void specialistRecommendationTakesTheDrugAndItsSupport();
 
 private:
     std::unique_ptr<TRp> makeForm();
@@ -355,7 +359,7 @@ void TestRvrp::printingChecksSavesAndPrintsTheForm()
     QVERIFY(std::filesystem::exists(pdf));
 }
 
-void TestRvrp::formatAndModeAreKeptInTheUserSettings()
+void TestRvrp::formatModeAndMarginsAreKeptInTheUserSettings()
 {
     MessageRecorder messages;
     const auto registry =
@@ -369,16 +373,36 @@ void TestRvrp::formatAndModeAreKeptInTheUserSettings()
         clickRadio(child<QRadioButton>(*form, "RpFormat2"));
         QCOMPARE(form->windowTitle(), text("Recept formátum: Új fekvő"));
         clickRadio(child<QRadioButton>(*form, "PrintModeGrp1"));
+
+        // F11 shows and hides the margins in NaploSzam only.
+        auto* panel = child<QWidget>(*form, "RpMarginPanel");
+        QTest::keyClick(child<QLineEdit>(*form, "SzoAzon"), Qt::Key_F11);
+        QVERIFY(!panel->isVisible());
+        QTest::keyClick(child<QLineEdit>(*form, "NaploSzam"), Qt::Key_F11);
+        QVERIFY(panel->isVisible());
+        QCOMPARE(child<QSpinBox>(*form, "LeftFekvo")->value(), 655);
+        child<QSpinBox>(*form, "LeftFekvo")->setValue(600);
+        child<QSpinBox>(*form, "TopFekvo")->setValue(-12);
+        QTest::mouseClick(child<QPushButton>(*form, "SaveNewMargins"), Qt::LeftButton);
+        QCOMPARE(rovanel::RegReadInteger(*registry, "\\Software\\Rovanel\\RpData\\TopFekvo").value, 1012);
+        QTest::keyClick(child<QLineEdit>(*form, "NaploSzam"), Qt::Key_F11);
+        QVERIFY(!panel->isVisible());
         QCOMPARE(messages.texts().join("/"), QString());
     }
+    // After a restart: the same format, mode and margins, and the print stands where they put it.
     auto form = makeForm();
     form->setRegistry(registry.get());
     QVERIFY(child<QRadioButton>(*form, "RpFormat2")->isChecked());
     QVERIFY(child<QRadioButton>(*form, "PrintModeGrp1")->isChecked());
+    QCOMPARE(child<QSpinBox>(*form, "TopFekvo")->value(), -12);
+    const auto file = std::filesystem::path(m_folder->path().toStdString()) / "elokep.pdf";
     int previewed = 0;
-    const auto previous = rovanel::forms::setPreviewTarget([&](QPrinter& printer, const auto&) {
+    const auto previous = rovanel::forms::setPreviewTarget([&](QPrinter& printer, const auto& paint) {
         ++previewed;
         QCOMPARE(printer.pageLayout().orientation(), QPageLayout::Landscape);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(QString::fromStdString(file.string()));
+        paint(printer);
     });
     form->setSource(0);
     form->addItem("Rp. Acidi borici 2,0", "Naponta 2x", std::string(rovanel::kMagistralProductCode));
@@ -386,6 +410,40 @@ void TestRvrp::formatAndModeAreKeptInTheUserSettings()
     QTest::mouseClick(child<QPushButton>(*form, "RpPrint"), Qt::LeftButton);
     rovanel::forms::setPreviewTarget(previous);
     QCOMPARE(previewed, 1);
+    QVERIFY(messages.texts().isEmpty());
+    // RpTxt of the new form stands at 38, 360.
+    const auto words = rovanel::testing::pdfWords(file);
+    QCOMPARE(QString::fromStdString(
+                 rovanel::testing::textAt(words, (38 + 600) * rovanel::kMillimetresPerLayoutUnit,
+                                          (360 - 12) * rovanel::kMillimetresPerLayoutUnit)),
+             QString("Rp. Acidi borici 2,0"));
+}
+
+void TestRvrp::specialistRecommendationTakesTheDrugAndItsSupport()
+{
+    const std::int32_t record = packageWithFeeKey(m_state);
+    QVERIFY(record >= 0);
+    const auto package = rovanel::packageData(m_state.tables, kDemo, record);
+    MessageRecorder messages;
+    auto form = makeForm();
+    QVERIFY(!child<QPushButton>(*form, "RpSzakJav")->isEnabled());  // nothing to open
+    Tszj recommendation(m_state);
+    form->setRecommendationOpener([&recommendation](const rovanel::RecommendationHandover& handover) {
+        recommendation.show();
+        recommendation.fill(handover);
+    });
+    QVERIFY(form->openForPackage(record));
+    child<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
+    child<QLineEdit>(*form, "BetegNev")->setText(text("Kiss Éva"));
+    QTest::mouseClick(child<QPushButton>(*form, "RpSzakJav"), Qt::LeftButton);
+    QVERIFY(recommendation.isVisible());
+    const rovanel::RecommendationGrids grids = recommendation.grids();
+    QCOMPARE(grids.bg[0][1], rovanel::utf8ToCp1250("Kiss Éva"));
+    const auto& line = grids.gg[1];
+    QCOMPARE(line[0], std::string("I10H0"));
+    QVERIFY2(line[1] != "a hatoanyag" && line[1] != rovanel::toBeFilledIn(), line[1].c_str());
+    QCOMPARE(line[5], package->designation.substr(0, 3));
+    QVERIFY(!line[6].empty() && package->designation.find(line[6]) == 5);
     QVERIFY(messages.texts().isEmpty());
 }
 

@@ -5,6 +5,7 @@
 #include <QTableWidget>
 #include <QTest>
 
+#include "app/forms/Help.h"
 #include "certs/forms/Szakjav.h"
 #include "db/Cp1250.h"
 #include "rx/forms/PrintRenderer.h"
@@ -93,6 +94,12 @@ void TestSzakjav::fillAddsTheDrugLineAndTheRowButtonsDeleteLines()
     QTest::mouseClick(form.findChild<QPushButton*>("DelLastLine"), Qt::LeftButton);
     QCOMPARE(cell(gg, 1, 7), QStringLiteral("K2"));
     QCOMPARE(cell(gg, 2, 6), QString());
+    QList<int> opened;
+    const HelpOpener previous = setHelpOpener([&](int context) { opened.append(context); });
+    QTest::keyClick(gg, Qt::Key_F1);
+    setHelpOpener(previous);
+    QCOMPARE(opened, QList<int>{620});
+    QVERIFY(helpPagePath(620).endsWith("help/620.html"));
     QTest::mouseClick(form.findChild<QPushButton*>("SzjKilep"), Qt::LeftButton);
     QVERIFY(!form.isVisible());
 }
