@@ -15,6 +15,7 @@
 #include "rx/forms/PrintRenderer.h"
 #include "views/forms/kit/Lists.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 namespace
 {
@@ -32,7 +33,7 @@ TKgyForm::TKgyForm(rovanel::SharedState& state, QWidget* parent) : QWidget(paren
     setObjectName("KgyForm");
     setWindowTitle(QStringLiteral("Közgyógy igazolás"));
     setHelpContext(this, 720);
-    resize(720, 540);
+    rovanel::forms::rememberGeometry(this, QSize(720, 540));
     m_k = new QTextEdit(this);
     m_k->setObjectName("k");
     m_k->setLineWrapMode(QTextEdit::NoWrap);

@@ -17,6 +17,7 @@
 #include "rx/forms/PrintRenderer.h"
 #include "views/forms/kit/Lists.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 namespace
 {
@@ -58,7 +59,7 @@ Tszj::Tszj(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_st
     setObjectName("szj");
     setWindowTitle(QStringLiteral("Szakorvosi javaslat készítése"));
     setHelpContext(this, 620);
-    resize(900, 560);
+    rovanel::forms::rememberGeometry(this, QSize(900, 560));
     m_bg = grid(this, "bg", 2, 6);
     m_og = grid(this, "og", 2, 6);
     m_gg = grid(this, "gg", 9, 10);

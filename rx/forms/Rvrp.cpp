@@ -37,6 +37,7 @@
 #include "rx/forms/PrintRenderer.h"
 #include "views/forms/kit/Lists.h"
 #include "views/forms/kit/Text.h"
+#include "views/forms/kit/WindowGeometry.h"
 
 using rovanel::forms::fromCp1250;
 
@@ -102,7 +103,7 @@ TRp::TRp(rovanel::SharedState& state, std::filesystem::path dataDirectory, QWidg
     setWindowTitle(QString::fromUtf8("Recept"));
     setHelpContext(this, 600);
     buildControls();
-    resize(1000, 700);
+    rovanel::forms::rememberGeometry(this, QSize(1000, 700));
 }
 
 void TRp::buildControls()
