@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include "tests/support/Environment.h"
 #include "tests/support/ScratchDirectory.h"
 
 namespace rovanel
@@ -32,8 +33,12 @@ TEST(UserConfigDirectory, FollowsTheOverrideThenXdgThenHome)
     ::setenv("ROVANEL_CONFIG_DIR", "/tmp/rovanel-own", 1);
     EXPECT_EQ(userIniPath(), std::filesystem::path("/tmp/rovanel-own/RV.INI"));
     ::unsetenv("ROVANEL_CONFIG_DIR");
+#if defined(_WIN32)
+    EXPECT_EQ(userConfigDirectory(), std::filesystem::path(std::getenv("WINDIR")));
+#else
     ::setenv("XDG_CONFIG_HOME", "/tmp/xdg", 1);
     EXPECT_EQ(userConfigDirectory(), std::filesystem::path("/tmp/xdg/rovanel"));
+#endif
     if (saved) ::setenv("ROVANEL_CONFIG_DIR", keep.c_str(), 1);
 }
 

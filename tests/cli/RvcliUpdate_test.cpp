@@ -53,8 +53,8 @@ public:
             const Socket client = ::accept(m_socket, nullptr, nullptr);
             if (client == static_cast<Socket>(-1)) return;
             std::string request(4096, '\0');
-            request.resize(static_cast<std::size_t>(
-                std::max<long long>(0, ::recv(client, request.data(), 4096, 0))));
+            request.resize(
+                static_cast<std::size_t>(std::max<long long>(0, ::recv(client, request.data(), 4096, 0))));
             requestLine = request.substr(0, request.find("\r\n"));
 #if defined(_WIN32)
             (void)::send(client, reply.data(), static_cast<int>(reply.size()), 0);
