@@ -51,7 +51,7 @@ int monthsBetween(YearMonth file, YearMonth today)
 
 std::optional<YearMonth> fileYearMonth(const std::filesystem::path& path)
 {
-    std::FILE* file = std::fopen(path.string().c_str(), "rb");
+    std::FILE* file = openFile(path, "rb");
     if (!file) return std::nullopt;
     std::fclose(file);
     std::error_code error;

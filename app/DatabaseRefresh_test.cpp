@@ -89,6 +89,10 @@ TEST_F(Refresh, OnlyALaterSecondLineInTheUpdateDirectoryIsNews)
 
 TEST_F(Refresh, NewerEditionReplacesEveryOrdinaryFileAndLeavesNothingBeside)
 {
+#if defined(_WIN32)
+    GTEST_SKIP()
+        << "renames gy.ful to GY.FUL, which Wine's case-insensitive folders mix up with the old name";
+#endif
     fs::create_directories(update() / "archive");
     fill(update() / "archive", {{"old.dat", "x"}});
     fill(update(), {{".hidden", "x"}});

@@ -8,7 +8,9 @@
 #include "db/DataFile.h"
 #include "db/Text.h"
 
-#if !defined(_WIN32)
+#if defined(_WIN32)
+#include <io.h>
+#else
 #include <fcntl.h>
 #include <unistd.h>
 #endif
@@ -137,11 +139,13 @@ bool writeFileAtomically(const std::filesystem::path& file, std::string_view con
     std::filesystem::path temporary = file;
     temporary += ".tmp~";
     {
-        std::FILE* out = std::fopen(temporary.c_str(), "wb");
+        std::FILE* out = openFile(temporary, "wb");
         if (!out) return false;
         const bool written = std::fwrite(content.data(), 1, content.size(), out) == content.size();
         bool flushed = std::fflush(out) == 0;
-#if !defined(_WIN32)
+#if defined(_WIN32)
+        flushed = flushed && ::_commit(::_fileno(out)) == 0;
+#else
         flushed = flushed && ::fsync(::fileno(out)) == 0;
 #endif
         const bool closed = std::fclose(out) == 0;

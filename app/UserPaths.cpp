@@ -9,10 +9,11 @@ namespace rovanel
 
 std::filesystem::path userConfigDirectory()
 {
+    // The override wins everywhere: a separate profile (and the tests' own folder) on Windows too.
+    if (const char* own = std::getenv("ROVANEL_CONFIG_DIR"); own && *own) return std::filesystem::path(own);
 #if defined(_WIN32)
     if (const char* windows = std::getenv("WINDIR")) return std::filesystem::path(windows);
 #endif
-    if (const char* own = std::getenv("ROVANEL_CONFIG_DIR"); own && *own) return std::filesystem::path(own);
     if (const char* xdg = std::getenv("XDG_CONFIG_HOME"); xdg && *xdg)
         return std::filesystem::path(xdg) / "rovanel";
     if (const char* home = std::getenv("HOME"); home && *home)

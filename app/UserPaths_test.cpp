@@ -30,8 +30,12 @@ TEST(UserConfigDirectory, FollowsTheOverrideThenXdgThenHome)
     environment.set("ROVANEL_CONFIG_DIR", "/tmp/rovanel-own");
     EXPECT_EQ(userIniPath(), std::filesystem::path("/tmp/rovanel-own/RV.INI"));
     environment.set("ROVANEL_CONFIG_DIR", std::nullopt);
+#if defined(_WIN32)
+    EXPECT_EQ(userConfigDirectory(), std::filesystem::path(std::getenv("WINDIR")));
+#else
     environment.set("XDG_CONFIG_HOME", "/tmp/xdg");
     EXPECT_EQ(userConfigDirectory(), std::filesystem::path("/tmp/xdg/rovanel"));
+#endif
 }
 
 }  // namespace

@@ -5,7 +5,10 @@
 #include <cstdlib>
 #include <string_view>
 
-#if !defined(_WIN32)
+#if defined(_WIN32)
+#include <winsock2.h>
+#include <ws2tcpip.h>
+#else
 #include <fcntl.h>
 #include <netdb.h>
 #include <poll.h>
@@ -19,6 +22,44 @@ namespace
 {
 
 using Clock = std::chrono::steady_clock;
+
+// The few calls that differ between Winsock and POSIX sockets.
+#if defined(_WIN32)
+using Socket = SOCKET;
+constexpr Socket kNoSocket = INVALID_SOCKET;
+bool startSockets()
+{
+    static const bool started = [] {
+        WSADATA data;
+        return ::WSAStartup(MAKEWORD(2, 2), &data) == 0;
+    }();
+    return started;
+}
+void setNonBlocking(Socket socket)
+{
+    u_long on = 1;
+    ::ioctlsocket(socket, FIONBIO, &on);
+}
+bool connectionPending() { return ::WSAGetLastError() == WSAEWOULDBLOCK; }
+int pollOne(pollfd& wait, int timeoutMs) { return ::WSAPoll(&wait, 1, timeoutMs); }
+long long sendSome(Socket socket, const char* data, std::size_t size)
+{
+    return ::send(socket, data, static_cast<int>(size), 0);
+}
+void closeSocket(Socket socket) { ::closesocket(socket); }
+#else
+using Socket = int;
+constexpr Socket kNoSocket = -1;
+bool startSockets() { return true; }
+void setNonBlocking(Socket socket) { ::fcntl(socket, F_SETFL, ::fcntl(socket, F_GETFL) | O_NONBLOCK); }
+bool connectionPending() { return errno == EINPROGRESS; }
+int pollOne(pollfd& wait, int timeoutMs) { return ::poll(&wait, 1, timeoutMs); }
+long long sendSome(Socket socket, const char* data, std::size_t size)
+{
+    return ::send(socket, data, size, MSG_NOSIGNAL);
+}
+void closeSocket(Socket socket) { ::close(socket); }
+#endif
 
 struct Address {
     std::string host;
@@ -56,15 +97,6 @@ int remainingMs(Clock::time_point deadline)
 
 }  // namespace
 
-#if defined(_WIN32)
-
-HttpReply httpGet(const std::string&, const std::string&, int, int, std::size_t)
-{
-    return {false, 0, {}, "rvcli check-update needs POSIX sockets"};
-}
-
-#else
-
 HttpReply httpGet(const std::string& url, const std::string& proxyHost, int proxyPort, int timeoutMs,
                   std::size_t limit)
 {
@@ -79,6 +111,10 @@ HttpReply httpGet(const std::string& url, const std::string& proxyHost, int prox
     const std::string host = proxied ? proxyHost : target->host;
     const std::string port = proxied ? std::to_string(proxyPort) : target->port;
 
+    if (!startSockets()) {
+        reply.error = "no network";
+        return reply;
+    }
     addrinfo hints{};
     hints.ai_family = AF_UNSPEC;
     hints.ai_socktype = SOCK_STREAM;
@@ -87,23 +123,24 @@ HttpReply httpGet(const std::string& url, const std::string& proxyHost, int prox
         reply.error = "host not found";
         return reply;
     }
-    int socket = -1;
-    for (addrinfo* each = found; each && socket < 0; each = each->ai_next) {
+    Socket socket = kNoSocket;
+    for (addrinfo* each = found; each && socket == kNoSocket; each = each->ai_next) {
         socket = ::socket(each->ai_family, each->ai_socktype, each->ai_protocol);
-        if (socket < 0) continue;
-        ::fcntl(socket, F_SETFL, ::fcntl(socket, F_GETFL) | O_NONBLOCK);
-        if (::connect(socket, each->ai_addr, each->ai_addrlen) == 0) break;
+        if (socket == kNoSocket) continue;
+        setNonBlocking(socket);
+        if (::connect(socket, each->ai_addr, static_cast<socklen_t>(each->ai_addrlen)) == 0) break;
         pollfd wait{socket, POLLOUT, 0};
         int error = 0;
         socklen_t length = sizeof error;
-        if (errno != EINPROGRESS || ::poll(&wait, 1, remainingMs(deadline)) != 1 ||
-            ::getsockopt(socket, SOL_SOCKET, SO_ERROR, &error, &length) != 0 || error != 0) {
-            ::close(socket);
-            socket = -1;
+        if (!connectionPending() || pollOne(wait, remainingMs(deadline)) != 1 ||
+            ::getsockopt(socket, SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &length) != 0 ||
+            error != 0) {
+            closeSocket(socket);
+            socket = kNoSocket;
         }
     }
     ::freeaddrinfo(found);
-    if (socket < 0) {
+    if (socket == kNoSocket) {
         reply.error = "connection failed";
         return reply;
     }
@@ -117,26 +154,25 @@ HttpReply httpGet(const std::string& url, const std::string& proxyHost, int prox
     while (true) {
         const bool sending = sent < request.size();
         pollfd wait{socket, static_cast<short>(sending ? POLLOUT : POLLIN), 0};
-        const int ready = ::poll(&wait, 1, remainingMs(deadline));
+        const int ready = pollOne(wait, remainingMs(deadline));
         if (ready <= 0) {
             timedOut = true;
             break;
         }
         if (sending) {
-            const ssize_t written =
-                ::send(socket, request.data() + sent, request.size() - sent, MSG_NOSIGNAL);
+            const long long written = sendSome(socket, request.data() + sent, request.size() - sent);
             if (written <= 0) break;
             sent += static_cast<std::size_t>(written);
             continue;
         }
         char buffer[16384];
-        const ssize_t got = ::recv(socket, buffer, sizeof buffer, 0);
+        const auto got = ::recv(socket, buffer, sizeof buffer, 0);
         if (got <= 0) break;
         received.append(buffer, static_cast<std::size_t>(got));
         const std::size_t headerEnd = received.find("\r\n\r\n");
         if (headerEnd != std::string::npos && received.size() - headerEnd - 4 >= limit) break;
     }
-    ::close(socket);
+    closeSocket(socket);
 
     const std::size_t headerEnd = received.find("\r\n\r\n");
     if (timedOut || received.compare(0, 5, "HTTP/") != 0 || headerEnd == std::string::npos) {
@@ -150,7 +186,5 @@ HttpReply httpGet(const std::string& url, const std::string& proxyHost, int prox
     if (!reply.ok) reply.error = "HTTP status " + std::to_string(reply.status);
     return reply;
 }
-
-#endif
 
 }  // namespace rovanel::cli

@@ -7,9 +7,48 @@
 
 #include "cli/Commands.h"
 
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+// shellapi.h needs windows.h first.
+#include <shellapi.h>
+
+namespace
+{
+
+// The arguments as UTF-8, whatever the console's code page, and output written byte for byte (no LF
+// turned into CR LF), so rvcli reads and prints the same on every system.
+std::vector<std::string> windowsArguments()
+{
+    ::_setmode(::_fileno(stdout), _O_BINARY);
+    ::_setmode(::_fileno(stderr), _O_BINARY);
+    int count = 0;
+    wchar_t** wide = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+    std::vector<std::string> args;
+    for (int i = 1; wide && i < count; ++i) {
+        const int size = ::WideCharToMultiByte(CP_UTF8, 0, wide[i], -1, nullptr, 0, nullptr, nullptr);
+        std::string utf8(static_cast<std::size_t>(size > 0 ? size : 1), '\0');
+        ::WideCharToMultiByte(CP_UTF8, 0, wide[i], -1, utf8.data(), size, nullptr, nullptr);
+        utf8.resize(utf8.size() - 1);
+        args.push_back(std::move(utf8));
+    }
+    ::LocalFree(wide);
+    return args;
+}
+
+}  // namespace
+#endif
+
 int main(int argc, char** argv)
 {
+#if defined(_WIN32)
+    (void)argc;
+    (void)argv;
+    std::vector<std::string> args = windowsArguments();
+#else
     std::vector<std::string> args(argv + 1, argv + argc);
+#endif
     if (args.empty()) {
         std::fputs(rovanel::cli::usageText().c_str(), stderr);
         return 2;

@@ -21,6 +21,16 @@ std::filesystem::path dataFilePath(const std::filesystem::path& directory, std::
     return exact;
 }
 
+std::FILE* openFile(const std::filesystem::path& path, const char* mode)
+{
+#if defined(_WIN32)
+    const std::string_view narrow(mode);
+    return ::_wfopen(path.c_str(), std::wstring(narrow.begin(), narrow.end()).c_str());
+#else
+    return std::fopen(path.c_str(), mode);
+#endif
+}
+
 std::optional<std::string> readWholeFile(const std::filesystem::path& path)
 {
     DataFile file(path);
@@ -34,7 +44,7 @@ DataFile::DataFile(const std::filesystem::path& path)
 {
     std::error_code error;
     if (std::filesystem::is_directory(path, error)) return;
-    m_file = std::fopen(path.c_str(), "rb");
+    m_file = openFile(path, "rb");
     if (!m_file) return;
     if (std::fseek(m_file, 0, SEEK_END) != 0) {
         std::fclose(m_file);

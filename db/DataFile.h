@@ -16,6 +16,10 @@ namespace rovanel
 [[nodiscard]] std::filesystem::path dataFilePath(const std::filesystem::path& directory,
                                                  std::string_view name);
 
+// std::fopen for a path; on Windows through the path's wide name, so any name the folder holds opens.
+// Rovanel opens files only in binary modes ("rb", "wb"): CR LF stays two bytes.
+[[nodiscard]] std::FILE* openFile(const std::filesystem::path& path, const char* mode);
+
 // The whole file, or nothing when it cannot be opened or read.
 [[nodiscard]] std::optional<std::string> readWholeFile(const std::filesystem::path& path);
 

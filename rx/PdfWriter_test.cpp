@@ -24,6 +24,7 @@ TEST(PdfWriter, SidewaysPagesAreLandscapeA4AndEveryPageIsWritten)
     const std::string pdf = pdfDocument(layout);
     EXPECT_NE(pdf.find("/MediaBox [0 0 841.89 595.28]"), std::string::npos);
     EXPECT_NE(pdf.find("/Count 3"), std::string::npos);
+    ROVANEL_SKIP_READING_PDF();
     testing::ScratchDirectory directory;
     ASSERT_FALSE(writePdf(directory.path() / "p.pdf", layout));
     const auto words = pdfWords(directory.path() / "p.pdf");

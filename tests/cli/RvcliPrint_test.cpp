@@ -44,6 +44,7 @@ TEST(RvcliPrintRx, EachFormatsPdfHasTheValuesInTheirBoxesShiftedByTheMargins)
                         " " + c.margins + " --title 2 --drug Algopyrin --pdf " + pdf)
                       .exitCode,
                   0);
+        ROVANEL_SKIP_READING_PDF();
         const auto words = pdfWords(pdf);
         ASSERT_FALSE(words.empty()) << "pdftotext (poppler-utils) is needed";
         EXPECT_EQ(textAt(words, mm(c.nameLeft), mm(c.nameTop)), "Kiss Éva");
@@ -108,6 +109,7 @@ TEST(RvcliCertificate, TextAndPdfOfTheCertificate)
     ASSERT_EQ(rvcli("certificate " + ini + " " + (directory.path() / "kgy.txt").string() + " --pdf " + pdf)
                   .exitCode,
               0);
+    ROVANEL_SKIP_READING_PDF();
     const auto words = pdfWords(pdf);
     EXPECT_EQ(textAt(words, mm(76), mm(76 + 16 * 2)), "Neve: Beteg neve");
     EXPECT_EQ(textAt(words, mm(76 + 55 * 8), mm(76)), "Háziorvosi igazolás");
@@ -131,6 +133,7 @@ TEST(RvcliRecommendation, FillsFromTheDatabaseAndPrintsThePage)
 
     const std::string pdf = (scratch.path() / "r.pdf").string();
     ASSERT_EQ(rvcli("recommendation " + directory + " " + ini + " --atc C08CA01 --pdf " + pdf).exitCode, 0);
+    ROVANEL_SKIP_READING_PDF();
     const auto words = pdfWords(pdf);
     EXPECT_EQ(textAt(words, mm(280), mm(125)), "Kiss Eva");
     EXPECT_EQ(textAt(words, mm(80), mm(455)), "amlodipin");

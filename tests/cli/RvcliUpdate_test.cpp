@@ -1,9 +1,15 @@
 // rvcli check-update against a server on the loopback address.
-#include <arpa/inet.h>
 #include <gtest/gtest.h>
+
+#if defined(_WIN32)
+#include <winsock2.h>
+#include <ws2tcpip.h>
+#else
+#include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
+#endif
 
 #include <algorithm>
 #include <thread>
@@ -17,34 +23,57 @@ namespace
 
 using testing::rvcli;
 
+#if defined(_WIN32)
+using Socket = SOCKET;
+[[maybe_unused]] const bool kSocketsStarted = [] {
+    WSADATA data;
+    return ::WSAStartup(MAKEWORD(2, 2), &data) == 0;
+}();
+void closeSocket(Socket socket) { ::closesocket(socket); }
+#else
+using Socket = int;
+void closeSocket(Socket socket) { ::close(socket); }
+#endif
+
 // Answers one connection with `reply` and keeps the first line of its request.
 class LoopbackServer
 {
 public:
     explicit LoopbackServer(std::string reply)
     {
-        sockaddr_in address{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         socklen_t length = sizeof address;
         ::bind(m_socket, reinterpret_cast<sockaddr*>(&address), length);
         ::listen(m_socket, 1);
         ::getsockname(m_socket, reinterpret_cast<sockaddr*>(&address), &length);
         port = ntohs(address.sin_port);
         m_thread = std::thread([this, reply = std::move(reply)] {
-            const int client = ::accept(m_socket, nullptr, nullptr);
-            if (client < 0) return;
+            const Socket client = ::accept(m_socket, nullptr, nullptr);
+            if (client == static_cast<Socket>(-1)) return;
             std::string request(4096, '\0');
             request.resize(
-                static_cast<std::size_t>(std::max<ssize_t>(0, ::recv(client, request.data(), 4096, 0))));
+                static_cast<std::size_t>(std::max<long long>(0, ::recv(client, request.data(), 4096, 0))));
             requestLine = request.substr(0, request.find("\r\n"));
+#if defined(_WIN32)
+            (void)::send(client, reply.data(), static_cast<int>(reply.size()), 0);
+#else
             (void)::send(client, reply.data(), reply.size(), MSG_NOSIGNAL);
-            ::close(client);
+#endif
+            closeSocket(client);
         });
     }
     ~LoopbackServer()
     {
+#if defined(_WIN32)
+        closeSocket(m_socket);  // what ends a waiting accept on Windows
+        m_thread.join();
+#else
         ::shutdown(m_socket, SHUT_RDWR);
         m_thread.join();
         ::close(m_socket);
+#endif
     }
     [[nodiscard]] std::string url() const
     {
@@ -54,7 +83,7 @@ public:
     std::string requestLine;
 
 private:
-    int m_socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    Socket m_socket = ::socket(AF_INET, SOCK_STREAM, 0);
     std::thread m_thread;
 };
 

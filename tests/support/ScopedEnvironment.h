@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "tests/support/Environment.h"
+
 namespace rovanel::testing
 {
 
