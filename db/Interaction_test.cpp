@@ -113,40 +113,35 @@ TEST(KhRunCheck, PairIsReportedOnceForEveryMatchingCodeAndPrefixesMatchOneWayOnl
     EXPECT_EQ(findings, 5u);  // N05 x2, N05BA-01 x1, N x2
 }
 
+// A database marked without interaction data says so instead of "nothing found".
 TEST(KhRunCheck, NothingFoundShowsAndAppendsEntry93)
 {
+    const struct {
+        const char* rvIni;
+        std::string text;
+    } cases[] = {
+        {"", cp("A vizsgálat nem talált kölcsönhatást és ellenjavallatot.")},
+        {"[Rovanel Beallitasok]\r\nKolcsonhatasiAdat=NINCS\r\n",
+         cp("Ebben az adatbázisban nincsenek kölcsönhatási és ellenjavallati adatok: a vizsgálat nem "
+            "talált semmit, de ez nem jelenti, hogy a gyógyszerek együtt adhatók.")},
+    };
     EngineDatabase database = basicDatabase();
     database.products[0].careful.clear();
     database.products[1].avoid.clear();
-    Fixture fixture(database);
-    fixture.take({0, 1});
-    const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
-    EXPECT_TRUE(result.completed);
-    EXPECT_EQ(result.report, cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" +
-                                 cp("A vizsgálat nem talált kölcsönhatást és ellenjavallatot."));
-    ASSERT_EQ(result.messages.size(), 1u);
-    EXPECT_EQ(result.messages[0], (Message{cp("A vizsgálat nem talált kölcsönhatást és ellenjavallatot."),
-                                           cp("Kölcsönhatás vizsgálat"), MessageIcon::Information, true}));
-    EXPECT_TRUE(result.found.empty());
-}
-
-TEST(KhRunCheck, DatabaseMarkedWithoutInteractionDataSaysSoInsteadOfEntry93)
-{
-    EngineDatabase database = basicDatabase();
-    database.products[0].careful.clear();
-    database.products[1].avoid.clear();
-    Fixture fixture(database);
-    fixture.directory.write("RV.INI", "[Rovanel Beallitasok]\r\nKolcsonhatasiAdat=NINCS\r\n");
-    fixture.take({0, 1});
-    const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
-    const std::string text =
-        cp("Ebben az adatbázisban nincsenek kölcsönhatási és ellenjavallati adatok: a vizsgálat nem talált "
-           "semmit, de ez nem jelenti, hogy a gyógyszerek együtt adhatók.");
-    EXPECT_EQ(result.report,
-              cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" + text);
-    ASSERT_EQ(result.messages.size(), 1u);
-    EXPECT_EQ(result.messages[0],
-              (Message{text, cp("Kölcsönhatás vizsgálat"), MessageIcon::Information, true}));
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.rvIni);
+        Fixture fixture(database);
+        if (*c.rvIni) fixture.directory.write("RV.INI", c.rvIni);
+        fixture.take({0, 1});
+        const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
+        EXPECT_TRUE(result.completed);
+        EXPECT_EQ(result.report,
+                  cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" + c.text);
+        ASSERT_EQ(result.messages.size(), 1u);
+        EXPECT_EQ(result.messages[0],
+                  (Message{c.text, cp("Kölcsönhatás vizsgálat"), MessageIcon::Information, true}));
+        EXPECT_TRUE(result.found.empty());
+    }
 }
 
 TEST(KhRunCheck, ContraindicationsMatchOverTheShorterLength)
