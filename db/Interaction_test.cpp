@@ -17,6 +17,7 @@ using testing::EngineProduct;
 using testing::ScratchDirectory;
 
 std::string cp(const char* utf8) { return utf8ToCp1250(utf8); }
+std::string header() { return cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:\n\n"); }
 
 struct Fixture {
     ScratchDirectory directory;
@@ -63,8 +64,7 @@ TEST(KhRunCheck, ReportsCarefulAndAvoidFindingsInSelectionOrderWithTheirTexts)
     ASSERT_TRUE(result.completed);
     // ALFA's careful "N05" (3 characters: a class looked up by four characters, "N05" is not a group, so
     // no name) meets BÉTA's own code; BÉTA's avoid code "C08CA-01" (8 characters: no class name) meets ALFA.
-    const std::string expected = cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" +
-                                 cp("ALFA 5 MG TABLETTA 30X és BÉTA 10 MG TABLETTA 20X : \n\n ") +
+    const std::string expected = header() + cp("ALFA 5 MG TABLETTA 30X és BÉTA 10 MG TABLETTA 20X : \n\n ") +
                                  cp("Óvatosan adhatók együtt!") + "\n\n" +
                                  cp("BÉTA 10 MG TABLETTA 20X és ALFA 5 MG TABLETTA 30X : \n\n ") +
                                  cp("Együttadásuk kerülendő!") + "\n\n";
@@ -135,8 +135,7 @@ TEST(KhRunCheck, NothingFoundShowsAndAppendsEntry93)
         fixture.take({0, 1});
         const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
         EXPECT_TRUE(result.completed);
-        EXPECT_EQ(result.report,
-                  cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" + c.text);
+        EXPECT_EQ(result.report, header() + c.text);
         ASSERT_EQ(result.messages.size(), 1u);
         EXPECT_EQ(result.messages[0],
                   (Message{c.text, cp("Kölcsönhatás vizsgálat"), MessageIcon::Information, true}));
@@ -153,7 +152,7 @@ TEST(KhRunCheck, ContraindicationsMatchOverTheShorterLength)
     fixture.take({0, 1, 2});
     fixture.contraindicate({0, 2});  // E01 (group of ALFA's E0101) and E02 (GAMMA's)
     const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
-    const std::string expected = cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" +
+    const std::string expected = header() +
                                  cp("ALFA 5 MG TABLETTA 30X ellenjavallata:\n\n ( E01 - Terhesség )\n\n") +
                                  cp("GAMMA 20 MG KAPSZULA 28X ellenjavallata:\n\n ( E02 - Szoptatás )\n\n");
     EXPECT_EQ(result.report, expected);
