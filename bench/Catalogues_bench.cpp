@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "bench/BenchApplication.h"
+#include "bench/DemoGroups.h"
 #include "catalogues/Formulary.h"
 #include "catalogues/MedicalAids.h"
 #include "catalogues/forms/Se.h"
@@ -18,25 +19,13 @@
 namespace
 {
 
-const std::filesystem::path& benchDatabase()
-{
-    static const std::filesystem::path path = ROVANEL_DEMO_DB;
-    return path;
-}
-
-std::size_t readAll(std::initializer_list<std::string_view> names)
-{
-    std::size_t bytes = 0;
-    for (const std::string_view name : names)
-        bytes += rovanel::readWholeFile(rovanel::dataFilePath(benchDatabase(), name)).value_or("").size();
-    return bytes;
-}
+const std::filesystem::path kDemo = ROVANEL_DEMO_DB;
 
 void AidsWindowFirstShow_IoFloor(benchmark::State& state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(readAll({"senrend2.dat", "senrend2.dat", "sekod2.dat", "sepos.dat",
-                                          "seiso.dat", "senev.dat", "semegj.dat"}));
+        benchmark::DoNotOptimize(fileBytes(kDemo, {"senrend2.dat", "senrend2.dat", "sekod2.dat", "sepos.dat",
+                                                   "seiso.dat", "senev.dat", "semegj.dat"}));
 }
 BENCHMARK(AidsWindowFirstShow_IoFloor)->Unit(benchmark::kMillisecond);
 
@@ -44,7 +33,7 @@ void AidsWindowFirstShow(benchmark::State& state)
 {
     benchApplication();
     rovanel::SharedState shared;
-    shared.tables.dataDirectory = benchDatabase();
+    shared.tables.dataDirectory = kDemo;
     for (auto _ : state) {
         TSegedeszk window(shared);
         window.show();
@@ -64,7 +53,7 @@ const LongestWalk& longestWalk()
 {
     static const LongestWalk walk = [] {
         LongestWalk result;
-        result.catalogue = rovanel::loadAidCatalogue(benchDatabase());
+        result.catalogue = rovanel::loadAidCatalogue(kDemo);
         std::size_t most = 0;
         for (int node = 0; node < static_cast<int>(result.catalogue.tree.size()); ++node)
             if (result.catalogue.groupCode(node).size() > 2) {
@@ -79,7 +68,7 @@ const LongestWalk& longestWalk()
 
 void AidDescription_IoFloor(benchmark::State& state)
 {
-    for (auto _ : state) benchmark::DoNotOptimize(readAll({"se.dat"}));
+    for (auto _ : state) benchmark::DoNotOptimize(fileBytes(kDemo, {"se.dat"}));
 }
 BENCHMARK(AidDescription_IoFloor)->Unit(benchmark::kMicrosecond);
 
@@ -87,7 +76,7 @@ void AidDescription(benchmark::State& state)
 {
     const LongestWalk& walk = longestWalk();
     const rovanel::MessageTable messages =
-        rovanel::MessageTable::parse(rovanel::readWholeFile(benchDatabase() / "MSG.DAT").value_or(""));
+        rovanel::MessageTable::parse(rovanel::readWholeFile(kDemo / "MSG.DAT").value_or(""));
     for (auto _ : state)
         benchmark::DoNotOptimize(rovanel::aidDescription(walk.catalogue, messages, walk.node, walk.code));
 }
@@ -95,13 +84,13 @@ BENCHMARK(AidDescription)->Unit(benchmark::kMicrosecond);
 
 void FonoItem_IoFloor(benchmark::State& state)
 {
-    for (auto _ : state) benchmark::DoNotOptimize(readAll({"fono.dat"}));
+    for (auto _ : state) benchmark::DoNotOptimize(fileBytes(kDemo, {"fono.dat"}));
 }
 BENCHMARK(FonoItem_IoFloor)->Unit(benchmark::kMicrosecond);
 
 void FonoItem(benchmark::State& state)
 {
-    const rovanel::FonoCatalogue catalogue = rovanel::loadFonoCatalogue(benchDatabase());
+    const rovanel::FonoCatalogue catalogue = rovanel::loadFonoCatalogue(kDemo);
     const int last = static_cast<int>(catalogue.names.size()) - 1;
     for (auto _ : state) {
         const auto item = rovanel::readFonoItem(catalogue, last);

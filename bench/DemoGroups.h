@@ -1,5 +1,5 @@
-// What the list benchmarks share on the demo database: its startup tables, the group a benchmark lists,
-// and the I/O floor of a group's listing.
+// What the benchmarks share on the demo and real databases: their startup tables, the group a benchmark
+// lists, the I/O floor of a group's listing, and the bytes of whole files read and parsed not at all.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -7,8 +7,10 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "db/DataFile.h"
@@ -25,6 +27,21 @@ inline rovanel::SharedState& demoSharedState(const char* database = ROVANEL_DEMO
         state->tables = rovanel::loadStartupTables(database, std::filesystem::path(database) / "no-user.ini");
     }
     return *state;
+}
+
+// The bytes of the named files of a database, read whole.
+template <class Names>
+std::size_t fileBytes(const std::filesystem::path& database, const Names& names)
+{
+    std::size_t bytes = 0;
+    for (const std::string_view name : names)
+        bytes += rovanel::readWholeFile(rovanel::dataFilePath(database, name)).value_or("").size();
+    return bytes;
+}
+inline std::size_t fileBytes(const std::filesystem::path& database,
+                             std::initializer_list<std::string_view> names)
+{
+    return fileBytes<std::initializer_list<std::string_view>>(database, names);
 }
 
 // The ATC group with the most products among those `wanted` accepts (code, product count), and its slot.

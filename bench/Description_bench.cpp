@@ -6,6 +6,7 @@
 #include <map>
 #include <string>
 
+#include "bench/DemoGroups.h"
 #include "db/DataFile.h"
 #include "db/DescriptionBuilder.h"
 #include "db/ProductIndex.h"
@@ -15,17 +16,7 @@
 namespace
 {
 
-const rovanel::StartupTables& tables(const char* database)
-{
-    static std::map<std::string, rovanel::StartupTables> loaded;
-    auto found = loaded.find(database);
-    if (found == loaded.end())
-        found = loaded
-                    .emplace(database, rovanel::loadStartupTables(
-                                           database, std::filesystem::path(database) / "no-user.ini"))
-                    .first;
-    return found->second;
-}
+const rovanel::StartupTables& tables(const char* database) { return demoSharedState(database).tables; }
 
 // The record whose block is the longest (by the distance to the next block's offset).
 std::int32_t longestRecord(const char* database)

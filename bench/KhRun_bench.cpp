@@ -104,37 +104,27 @@ BenchDatabase& fullDatabase()
     return *bench;
 }
 
-void KhRunCheck20x100_IoFloor(benchmark::State& state) { ioFloor(state, checkDatabase(), false); }
-// 20 drugs with 100 careful and 100 avoid codes each: the 401st pooled careful code (drug 5) stops the run
-// with entry 87, as the engine's limit says; the time is that of reaching the limit.
-void KhRunCheck20x100(benchmark::State& state)
+void KhRun_IoFloor(benchmark::State& state, BenchDatabase& (*database)(), bool group)
 {
-    for (auto _ : state)
-        benchmark::DoNotOptimize(rovanel::KhRun(checkDatabase().state.tables, checkDatabase().state.selection,
-                                                rovanel::KhMode::Check, -1));
+    ioFloor(state, database(), group);
 }
-void KhRunCheck20x20_IoFloor(benchmark::State& state) { ioFloor(state, fullDatabase(), false); }
-// The largest check that completes: 20 drugs with 20 careful and 20 avoid codes (400 pooled each).
-void KhRunCheck20x20(benchmark::State& state)
+void KhRun(benchmark::State& state, BenchDatabase& (*database)(), rovanel::KhMode mode, int node)
 {
+    BenchDatabase& bench = database();
     for (auto _ : state)
-        benchmark::DoNotOptimize(rovanel::KhRun(fullDatabase().state.tables, fullDatabase().state.selection,
-                                                rovanel::KhMode::Check, -1));
-}
-void KhRunGroup600_IoFloor(benchmark::State& state) { ioFloor(state, fullDatabase(), true); }
-// Group "C08" (600 products) with 20 drugs taken and a contraindication chosen.
-void KhRunGroup600(benchmark::State& state)
-{
-    for (auto _ : state)
-        benchmark::DoNotOptimize(rovanel::KhRun(fullDatabase().state.tables, fullDatabase().state.selection,
-                                                rovanel::KhMode::AtcGroup, 1));
+        benchmark::DoNotOptimize(rovanel::KhRun(bench.state.tables, bench.state.selection, mode, node));
 }
 
 }  // namespace
 
-BENCHMARK(KhRunCheck20x100_IoFloor)->Unit(benchmark::kMillisecond);
-BENCHMARK(KhRunCheck20x100)->Unit(benchmark::kMillisecond);
-BENCHMARK(KhRunCheck20x20_IoFloor)->Unit(benchmark::kMillisecond);
-BENCHMARK(KhRunCheck20x20)->Unit(benchmark::kMillisecond);
-BENCHMARK(KhRunGroup600_IoFloor)->Unit(benchmark::kMillisecond);
-BENCHMARK(KhRunGroup600)->Unit(benchmark::kMillisecond);
+// 20 drugs with 100 careful and 100 avoid codes each: the 401st pooled careful code (drug 5) stops the run
+// with entry 87, as the engine's limit says; the time is that of reaching the limit.
+BENCHMARK_CAPTURE(KhRun_IoFloor, Check20x100, checkDatabase, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(KhRun, Check20x100, checkDatabase, rovanel::KhMode::Check, -1)
+    ->Unit(benchmark::kMillisecond);
+// The largest check that completes: 20 drugs with 20 careful and 20 avoid codes (400 pooled each).
+BENCHMARK_CAPTURE(KhRun_IoFloor, Check20x20, fullDatabase, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(KhRun, Check20x20, fullDatabase, rovanel::KhMode::Check, -1)->Unit(benchmark::kMillisecond);
+// Group "C08" (600 products) with 20 drugs taken and a contraindication chosen.
+BENCHMARK_CAPTURE(KhRun_IoFloor, Group600, fullDatabase, true)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(KhRun, Group600, fullDatabase, rovanel::KhMode::AtcGroup, 1)->Unit(benchmark::kMillisecond);

@@ -8,7 +8,7 @@
 
 #include "app/forms/Rvmain.h"
 #include "bench/BenchApplication.h"
-#include "db/DataFile.h"
+#include "bench/DemoGroups.h"
 #include "db/StartupTables.h"
 
 namespace
@@ -30,16 +30,10 @@ void prepare(const std::filesystem::path& database)
 
 void MainWindowStart_IoFloor(benchmark::State& state, const char* database)
 {
-    const std::filesystem::path benchDatabase = database;
-    prepare(benchDatabase);
-    for (auto _ : state) {
-        std::size_t bytes = 0;
-        for (const std::string_view name : rovanel::kStartupFileNames)
-            bytes += rovanel::readWholeFile(rovanel::dataFilePath(benchDatabase, name)).value_or("").size();
-        for (const std::string_view name : {"zaras.inf", "Rg0.jpg"})
-            bytes += rovanel::readWholeFile(rovanel::dataFilePath(benchDatabase, name)).value_or("").size();
-        benchmark::DoNotOptimize(bytes);
-    }
+    prepare(database);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(fileBytes(database, rovanel::kStartupFileNames) +
+                                 fileBytes(database, {"zaras.inf", "Rg0.jpg"}));
 }
 BENCHMARK_CAPTURE(MainWindowStart_IoFloor, demo, ROVANEL_DEMO_DB)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(MainWindowStart_IoFloor, real, ROVANEL_REAL_DB)->Unit(benchmark::kMillisecond);

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "db/DataFile.h"
+#include "bench/DemoGroups.h"
 #include "db/StartupTables.h"
 
 namespace
@@ -13,25 +13,16 @@ namespace
 // Reads the loader's own file list and parses nothing, so the two cannot drift apart.
 void StartupLoad_IoFloor(benchmark::State& state, const char* database)
 {
-    const std::filesystem::path benchDatabase = database;
-    for (auto _ : state) {
-        std::size_t bytes = 0;
-        for (const std::string_view name : rovanel::kStartupFileNames)
-            bytes += rovanel::readWholeFile(rovanel::dataFilePath(benchDatabase, name)).value_or("").size();
-        benchmark::DoNotOptimize(bytes);
-    }
+    for (auto _ : state) benchmark::DoNotOptimize(fileBytes(database, rovanel::kStartupFileNames));
 }
 BENCHMARK_CAPTURE(StartupLoad_IoFloor, demo, ROVANEL_DEMO_DB)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(StartupLoad_IoFloor, real, ROVANEL_REAL_DB)->Unit(benchmark::kMillisecond);
 
 void StartupLoad(benchmark::State& state, const char* database)
 {
-    const std::filesystem::path benchDatabase = database;
-    for (auto _ : state) {
-        rovanel::StartupTables tables =
-            rovanel::loadStartupTables(benchDatabase, benchDatabase / "no-such-user.ini");
-        benchmark::DoNotOptimize(tables);
-    }
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            rovanel::loadStartupTables(database, std::filesystem::path(database) / "no-such-user.ini"));
 }
 BENCHMARK_CAPTURE(StartupLoad, demo, ROVANEL_DEMO_DB)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(StartupLoad, real, ROVANEL_REAL_DB)->Unit(benchmark::kMillisecond);

@@ -28,15 +28,7 @@ TEST(RecipeName, NamesThatCannotBeFilesOnWindowsOrLinuxAreRefusedWithTheirReason
         {"120 characters", std::string(120, 'a'), nullptr},
         {"121 characters", std::string(121, 'a'), "A recept neve legfeljebb 120 karakter lehet."},
         {"empty", "", "Adja meg a recept nevét!"},
-        {"backslash", "a\\b", forbidden},
         {"slash", "../x", forbidden},
-        {"colon", "C:", forbidden},
-        {"star", "a*", forbidden},
-        {"question mark", "a?", forbidden},
-        {"quote", "a\"b", forbidden},
-        {"less", "a<b", forbidden},
-        {"greater", "a>b", forbidden},
-        {"bar", "a|b", forbidden},
         {"tab", "a\tb", "A recept neve nem tartalmazhat vezérlőkaraktert."},
         {"trailing dot", "recept.", "A recept neve nem végződhet ponttal vagy szóközzel."},
         {"dot dot", "..", "A recept neve nem végződhet ponttal vagy szóközzel."},
@@ -49,8 +41,11 @@ TEST(RecipeName, NamesThatCannotBeFilesOnWindowsOrLinuxAreRefusedWithTheirReason
         {"the list's own name", "magilist.TXT",
          "A recept neve nem lehet MagiList.txt, és nem végződhet .tmp~ véggel."},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    std::vector<Case> all(std::begin(cases), std::end(cases));
+    for (const char bad : std::string_view("\\/:*?\"<>|"))
+        all.push_back({"forbidden character", std::string("a") + bad + "b", forbidden});
+    for (const Case& c : all) {
+        SCOPED_TRACE(c.what + (": " + c.name));
         const auto refused = checkRecipeName(c.name);
         if (!c.reason) {
             EXPECT_EQ(refused, std::nullopt);

@@ -151,7 +151,7 @@ std::vector<std::string> codes(const std::vector<AidEntry>& entries)
     return result;
 }
 
-TEST_F(AidCatalogueFiles, AGroupListsItsRunFromItsOffset)
+TEST_F(AidCatalogueFiles, GroupsListTheirRunDescriptionsAndSearchesFindTheirAids)
 {
     const AidCatalogue catalogue = load();
     ASSERT_EQ(catalogue.tree.size(), 5u);
@@ -161,6 +161,32 @@ TEST_F(AidCatalogueFiles, AGroupListsItsRunFromItsOffset)
     EXPECT_TRUE(listAidGroup(catalogue, 4).empty()) << "a group without aids";
     EXPECT_TRUE(listAidGroup(catalogue, -1).empty());
     EXPECT_TRUE(listAidGroup(catalogue, 5).empty());
+
+    // A description is found from the group's offset, with its notes.
+    const auto description = aidDescription(catalogue, messages(), 1, "010102");
+    ASSERT_TRUE(description);
+    EXPECT_TRUE(utf8(*description).starts_with("Bokaortézis pár\r\n - Nem támogatott termék"));
+    EXPECT_TRUE(utf8(*description).ends_with("\r\n---Normatív---\r\n ortézis\r\njegyzet"));
+    EXPECT_EQ(aidDescription(catalogue, messages(), 2, "010101"), std::nullopt)
+        << "before the group's offset";
+    EXPECT_TRUE(aidDescription(catalogue, messages(), -1, "020001")) << "no node: from the start";
+    EXPECT_EQ(aidDescription(catalogue, messages(), 1, "0101"), std::nullopt) << "the code must match whole";
+
+    // Tree and name searches fold Hungarian case.
+    EXPECT_EQ(findInAidTree(catalogue, cp("ORTÉZ"), 0), 0);
+    EXPECT_EQ(findInAidTree(catalogue, cp("kötszerek"), 0), 3);
+    EXPECT_EQ(findInAidTree(catalogue, "01", 1), 1) << "the next hit from a node on";
+    EXPECT_EQ(findInAidTree(catalogue, "01", 3), 4);
+    EXPECT_EQ(findInAidTree(catalogue, "01", 5), -1);
+    EXPECT_EQ(findInAidTree(catalogue, "nincs", 0), -1);
+    const auto hits = findAidNames(catalogue, cp("ORTÉZIS"));
+    ASSERT_EQ(hits.size(), 2u);
+    EXPECT_EQ(utf8(hits[0].name), "Térdortézis darab");
+    EXPECT_EQ(hits[0].code, "010101");
+    EXPECT_EQ(hits[0].node, 1);
+    EXPECT_TRUE(findAidNames(catalogue, "010101").empty()) << "codes are not names";
+    EXPECT_EQ(groupOfAid(catalogue, "020001"), 3) << "0201 is no prefix of 020001";
+    EXPECT_EQ(groupOfAid(catalogue, "990001"), -1) << "an aid in no group";
 }
 
 TEST_F(AidCatalogueFiles, BadPositionsAndShortFilesListNothingAndNeverReadPastTheEnd)
@@ -190,39 +216,6 @@ TEST_F(AidCatalogueFiles, BadPositionsAndShortFilesListNothingAndNeverReadPastTh
         EXPECT_EQ(listAidGroup(catalogue, 1).size(), c.listedInGroup1);
         EXPECT_EQ(aidDescription(catalogue, messages(), 1, "019999"), std::nullopt);
     }
-}
-
-TEST_F(AidCatalogueFiles, DescriptionIsFoundFromTheGroupsOffsetWithItsNotes)
-{
-    const AidCatalogue catalogue = load();
-    const auto description = aidDescription(catalogue, messages(), 1, "010102");
-    ASSERT_TRUE(description);
-    EXPECT_TRUE(utf8(*description).starts_with("Bokaortézis pár\r\n - Nem támogatott termék"));
-    EXPECT_TRUE(utf8(*description).ends_with("\r\n---Normatív---\r\n ortézis\r\njegyzet"));
-    EXPECT_EQ(aidDescription(catalogue, messages(), 2, "010101"), std::nullopt)
-        << "before the group's offset";
-    EXPECT_TRUE(aidDescription(catalogue, messages(), -1, "020001")) << "no node: from the start";
-    EXPECT_EQ(aidDescription(catalogue, messages(), 1, "0101"), std::nullopt) << "the code must match whole";
-}
-
-TEST_F(AidCatalogueFiles, TreeAndNameSearchesFoldHungarianCase)
-{
-    const AidCatalogue catalogue = load();
-    EXPECT_EQ(findInAidTree(catalogue, cp("ORTÉZ"), 0), 0);
-    EXPECT_EQ(findInAidTree(catalogue, cp("kötszerek"), 0), 3);
-    EXPECT_EQ(findInAidTree(catalogue, "01", 1), 1) << "the next hit from a node on";
-    EXPECT_EQ(findInAidTree(catalogue, "01", 3), 4);
-    EXPECT_EQ(findInAidTree(catalogue, "01", 5), -1);
-    EXPECT_EQ(findInAidTree(catalogue, "nincs", 0), -1);
-
-    const auto hits = findAidNames(catalogue, cp("ORTÉZIS"));
-    ASSERT_EQ(hits.size(), 2u);
-    EXPECT_EQ(utf8(hits[0].name), "Térdortézis darab");
-    EXPECT_EQ(hits[0].code, "010101");
-    EXPECT_EQ(hits[0].node, 1);
-    EXPECT_TRUE(findAidNames(catalogue, "010101").empty()) << "codes are not names";
-    EXPECT_EQ(groupOfAid(catalogue, "020001"), 3) << "0201 is no prefix of 020001";
-    EXPECT_EQ(groupOfAid(catalogue, "990001"), -1) << "an aid in no group";
 }
 
 }  // namespace

@@ -17,6 +17,7 @@ using testing::EngineProduct;
 using testing::ScratchDirectory;
 
 std::string cp(const char* utf8) { return utf8ToCp1250(utf8); }
+std::string header() { return cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:\n\n"); }
 
 struct Fixture {
     ScratchDirectory directory;
@@ -63,8 +64,7 @@ TEST(KhRunCheck, ReportsCarefulAndAvoidFindingsInSelectionOrderWithTheirTexts)
     ASSERT_TRUE(result.completed);
     // ALFA's careful "N05" (3 characters: a class looked up by four characters, "N05" is not a group, so
     // no name) meets BÉTA's own code; BÉTA's avoid code "C08CA-01" (8 characters: no class name) meets ALFA.
-    const std::string expected = cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" +
-                                 cp("ALFA 5 MG TABLETTA 30X és BÉTA 10 MG TABLETTA 20X : \n\n ") +
+    const std::string expected = header() + cp("ALFA 5 MG TABLETTA 30X és BÉTA 10 MG TABLETTA 20X : \n\n ") +
                                  cp("Óvatosan adhatók együtt!") + "\n\n" +
                                  cp("BÉTA 10 MG TABLETTA 20X és ALFA 5 MG TABLETTA 30X : \n\n ") +
                                  cp("Együttadásuk kerülendő!") + "\n\n";
@@ -113,40 +113,34 @@ TEST(KhRunCheck, PairIsReportedOnceForEveryMatchingCodeAndPrefixesMatchOneWayOnl
     EXPECT_EQ(findings, 5u);  // N05 x2, N05BA-01 x1, N x2
 }
 
+// A database marked without interaction data says so instead of "nothing found".
 TEST(KhRunCheck, NothingFoundShowsAndAppendsEntry93)
 {
+    const struct {
+        const char* rvIni;
+        std::string text;
+    } cases[] = {
+        {"", cp("A vizsgálat nem talált kölcsönhatást és ellenjavallatot.")},
+        {"[Rovanel Beallitasok]\r\nKolcsonhatasiAdat=NINCS\r\n",
+         cp("Ebben az adatbázisban nincsenek kölcsönhatási és ellenjavallati adatok: a vizsgálat nem "
+            "talált semmit, de ez nem jelenti, hogy a gyógyszerek együtt adhatók.")},
+    };
     EngineDatabase database = basicDatabase();
     database.products[0].careful.clear();
     database.products[1].avoid.clear();
-    Fixture fixture(database);
-    fixture.take({0, 1});
-    const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
-    EXPECT_TRUE(result.completed);
-    EXPECT_EQ(result.report, cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" +
-                                 cp("A vizsgálat nem talált kölcsönhatást és ellenjavallatot."));
-    ASSERT_EQ(result.messages.size(), 1u);
-    EXPECT_EQ(result.messages[0], (Message{cp("A vizsgálat nem talált kölcsönhatást és ellenjavallatot."),
-                                           cp("Kölcsönhatás vizsgálat"), MessageIcon::Information, true}));
-    EXPECT_TRUE(result.found.empty());
-}
-
-TEST(KhRunCheck, DatabaseMarkedWithoutInteractionDataSaysSoInsteadOfEntry93)
-{
-    EngineDatabase database = basicDatabase();
-    database.products[0].careful.clear();
-    database.products[1].avoid.clear();
-    Fixture fixture(database);
-    fixture.directory.write("RV.INI", "[Rovanel Beallitasok]\r\nKolcsonhatasiAdat=NINCS\r\n");
-    fixture.take({0, 1});
-    const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
-    const std::string text =
-        cp("Ebben az adatbázisban nincsenek kölcsönhatási és ellenjavallati adatok: a vizsgálat nem talált "
-           "semmit, de ez nem jelenti, hogy a gyógyszerek együtt adhatók.");
-    EXPECT_EQ(result.report,
-              cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" + text);
-    ASSERT_EQ(result.messages.size(), 1u);
-    EXPECT_EQ(result.messages[0],
-              (Message{text, cp("Kölcsönhatás vizsgálat"), MessageIcon::Information, true}));
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.rvIni);
+        Fixture fixture(database);
+        if (*c.rvIni) fixture.directory.write("RV.INI", c.rvIni);
+        fixture.take({0, 1});
+        const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
+        EXPECT_TRUE(result.completed);
+        EXPECT_EQ(result.report, header() + c.text);
+        ASSERT_EQ(result.messages.size(), 1u);
+        EXPECT_EQ(result.messages[0],
+                  (Message{c.text, cp("Kölcsönhatás vizsgálat"), MessageIcon::Information, true}));
+        EXPECT_TRUE(result.found.empty());
+    }
 }
 
 TEST(KhRunCheck, ContraindicationsMatchOverTheShorterLength)
@@ -158,7 +152,7 @@ TEST(KhRunCheck, ContraindicationsMatchOverTheShorterLength)
     fixture.take({0, 1, 2});
     fixture.contraindicate({0, 2});  // E01 (group of ALFA's E0101) and E02 (GAMMA's)
     const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
-    const std::string expected = cp("Kölcsönhatások és ellenjavallatok vizsgálatának eredménye:") + "\n\n" +
+    const std::string expected = header() +
                                  cp("ALFA 5 MG TABLETTA 30X ellenjavallata:\n\n ( E01 - Terhesség )\n\n") +
                                  cp("GAMMA 20 MG KAPSZULA 28X ellenjavallata:\n\n ( E02 - Szoptatás )\n\n");
     EXPECT_EQ(result.report, expected);

@@ -89,13 +89,6 @@ TEST_F(ProductIndexTest, ProductsOfAKeyFollowTheDirectoryRecord)
     EXPECT_EQ(productsOfKey(m_directory.path(), IndexPair::SideEffect, 1), (std::vector<std::int32_t>{2}));
 }
 
-TEST_F(ProductIndexTest, ACountOfZeroNeverReadsTheListFile)
-{
-    m_directory.remove("atcind.dat");
-    EXPECT_TRUE(productsOfKey(m_directory.path(), IndexPair::Atc, 2).empty());
-    EXPECT_TRUE(productsOfKey(m_directory.path(), IndexPair::Atc, 0).empty()) << "missing list file";
-}
-
 TEST_F(ProductIndexTest, BadDirectoryAndListRecordsGiveWhatTheDataHolds)
 {
     struct Case {
@@ -103,6 +96,7 @@ TEST_F(ProductIndexTest, BadDirectoryAndListRecordsGiveWhatTheDataHolds)
         std::string directory;
         std::string list;
         std::vector<std::int32_t> expected;
+        IndexPair pair = IndexPair::Atc;
     };
     const Case cases[] = {
         {"count larger than the file", directoryRecord(0, 1000000), "1\r\n2\r\n", {1, 2}},
@@ -113,20 +107,25 @@ TEST_F(ProductIndexTest, BadDirectoryAndListRecordsGiveWhatTheDataHolds)
         {"no comma", "0 2           \r\n", "1\r\n", {}},
         {"list stops at garbage", directoryRecord(0, 3), "1\r\nx\r\n3\r\n", {1}},
         {"directory cut short", "0,", "1\r\n", {}},
+        {"a count of zero never reads the list", directoryRecord(0, 0), "", {}},
+        {"side-effect lists need their commas",
+         directoryRecord(0, 3),
+         "4,\r\n5\r\n6,\r\n",
+         {4, 5},
+         IndexPair::SideEffect},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        m_directory.write("atcindin.dat", c.directory);
-        m_directory.write("atcind.dat", c.list);
-        EXPECT_EQ(productsOfKey(m_directory.path(), IndexPair::Atc, 0), c.expected);
+        const bool atc = c.pair == IndexPair::Atc;
+        m_directory.write(atc ? "atcindin.dat" : "mhindin.dat", c.directory);
+        if (c.list.empty())
+            m_directory.remove(atc ? "atcind.dat" : "mhind.dat");
+        else
+            m_directory.write(atc ? "atcind.dat" : "mhind.dat", c.list);
+        EXPECT_EQ(productsOfKey(m_directory.path(), c.pair, 0), c.expected);
     }
-}
-
-TEST_F(ProductIndexTest, SideEffectListsNeedTheirCommas)
-{
-    m_directory.write("mhind.dat", "4,\r\n5\r\n6,\r\n");
-    m_directory.write("mhindin.dat", directoryRecord(0, 3));
-    EXPECT_EQ(productsOfKey(m_directory.path(), IndexPair::SideEffect, 0), (std::vector<std::int32_t>{4, 5}));
+    m_directory.remove("atcind.dat");
+    EXPECT_TRUE(productsOfKey(m_directory.path(), IndexPair::Atc, 0).empty()) << "missing list file";
 }
 
 TEST_F(ProductIndexTest, ContraindicationNamesLoseLeadingBlanks)

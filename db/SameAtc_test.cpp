@@ -54,7 +54,7 @@ TEST(AtcLevels, ListsEveryLevelFoundAsAGroup)
 TEST(SameAtcProducts, OrdersByDailyPriceWithNoPriceLastOrByName)
 {
     testing::SixProductDatabase database;
-    const StartupTables tables = load(database.write());
+    StartupTables tables = load(database.write());
     const SameAtcList byPrice = sameAtcProducts(tables, "C08CA-0100", 1, SameAtcOrder::Price, false);
     EXPECT_EQ(utf8(byPrice.lines),
               (std::vector<std::string>{"BETA 10 MG TABLETTA 30X  6.7 Ft/nap",
@@ -66,23 +66,12 @@ TEST(SameAtcProducts, OrdersByDailyPriceWithNoPriceLastOrByName)
     // The substance level: only the products of C08CA-01.
     EXPECT_EQ(records(sameAtcProducts(tables, "C08CA-0100", 8, SameAtcOrder::Name, false)),
               (std::vector<std::int32_t>{0, 2}));
-}
-
-TEST(SameAtcProducts, HideDeletedLeavesOutTtProducts)
-{
-    testing::SixProductDatabase database;
-    const StartupTables tables = load(database.write());
+    // Hiding deleted products leaves out the TT ones; the full-price setting prices by the full price.
     EXPECT_EQ(records(sameAtcProducts(tables, "C", 1, SameAtcOrder::Name, true)),
               (std::vector<std::int32_t>{0, 1}));
-}
-
-TEST(SameAtcProducts, FullPriceSettingPricesByTheFullPrice)
-{
-    testing::SixProductDatabase database;
-    StartupTables tables = load(database.write());
     tables.fullPriceDailyCost = true;
-    const SameAtcList list = sameAtcProducts(tables, "C08CA-01", 8, SameAtcOrder::Price, false);
-    EXPECT_EQ(cp1250ToUtf8(list.lines[0]), "ALFA 5 MG TABLETTA 30X  66.7 Ft/nap");
+    EXPECT_EQ(cp1250ToUtf8(sameAtcProducts(tables, "C08CA-01", 8, SameAtcOrder::Price, false).lines[0]),
+              "ALFA 5 MG TABLETTA 30X  66.7 Ft/nap");
 }
 
 TEST(SameAtcProducts, BadCodesFilesAndCountsGiveEmptyOrBoundedLists)

@@ -24,9 +24,6 @@ TEST(CatalogueWriters, EveryGroupListsItsAidsAndEveryAidHasItsDescription)
     const AidCatalogue catalogue = loadAidCatalogue(directory.path());
     const MessageTable messages = MessageTable::parse(directory.read("MSG.DAT"));
     ASSERT_GT(catalogue.tree.size(), 50u);
-    EXPECT_EQ(catalogue.codes.size(), catalogue.tree.size());
-    EXPECT_EQ(catalogue.positions.size(), catalogue.tree.size());
-    EXPECT_EQ(catalogue.iso.size(), catalogue.tree.size());
     EXPECT_EQ(catalogue.names.size(), 200u) << "a third of the products";
     std::set<std::string> listed;
     for (int node = 0; node < static_cast<int>(catalogue.tree.size()); ++node) {

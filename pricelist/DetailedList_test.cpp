@@ -94,11 +94,8 @@ TEST_F(DetailedListTest, NormativeListingShowsTheSelectedRowsGroupAcrossTheBroad
     for (SupportKind kind : {SupportKind::Normative, SupportKind::Increased, SupportKind::Highlighted})
         EXPECT_FALSE(list.fixedGroupButtonEnabled(kind));
     EXPECT_EQ(list.fixedGroups().storedIds, (std::array<std::string, 3>{}));
-}
 
-TEST_F(DetailedListTest, ARowWhoseIdBeginsWithZeroListsTheProductsWithoutAGroup)
-{
-    DetailedList list(m_tables);
+    // A row whose id begins with zero lists the products without a group.
     (void)list.bFillSameAtc("C08CA-01", ListingMode::Plain);
     (void)list.fixedGroupClick(SupportKind::Normative, rowOf(list, "DELTA 5 MG"));
     EXPECT_EQ(names(list), (std::vector<std::string>{"GAMMA 5 MG", "ZETA 5 MG", "ETA 5 MG"}));

@@ -69,8 +69,8 @@ void TestPrintRenderer::previewPaintsTheLayoutSideways()
 {
     rovanel::PrintLayout layout;
     layout.orientation = rovanel::PageOrientation::Sideways;
-    layout.pages.push_back({{{"a", 100, 100, "Előkép", 10, false}}});
-    layout.pages.push_back({{{"b", 100, 100, "második", 10, false}}});
+    layout.pages.push_back({{{"a", 100, 100, rovanel::utf8ToCp1250("Előkép"), 10, false}}});
+    layout.pages.push_back({{{"b", 100, 100, rovanel::utf8ToCp1250("második"), 10, false}}});
     rovanel::testing::ScratchDirectory directory;
     const auto file = directory.path() / "preview.pdf";
     QPageLayout::Orientation shown = QPageLayout::Portrait;
@@ -80,8 +80,6 @@ void TestPrintRenderer::previewPaintsTheLayoutSideways()
         printer.setOutputFileName(QString::fromStdString(file.string()));
         paint(printer);
     });
-    layout.pages[0].items[0].text = rovanel::utf8ToCp1250(layout.pages[0].items[0].text);
-    layout.pages[1].items[0].text = rovanel::utf8ToCp1250(layout.pages[1].items[0].text);
     rovanel::forms::previewLayout(nullptr, layout);
     rovanel::forms::setPreviewTarget(previous);
     QCOMPARE(shown, QPageLayout::Landscape);

@@ -19,124 +19,122 @@ void pointUpdateAtScratch(const CatalogueWindowState& fixture)
                                 (fixture.directory.path() / "upd").string() + "\\\r\n");
 }
 
-void typeRecipe(TMagiForm& form, const QString& name, const QString& text)
-{
-    QLineEdit* edit = control<QComboBox>(form, "MagiList")->lineEdit();
-    edit->clear();
-    typeText(edit, name);
-    control<QPlainTextEdit>(form, "MagiTxt")->setPlainText(text);
-}
-
 }  // namespace
 
 class TestRvmagi : public QObject
 {
     Q_OBJECT
 private slots:
+    void init()
+    {
+        m_fixture = std::make_unique<CatalogueWindowState>();
+        pointUpdateAtScratch(*m_fixture);
+        m_messages = std::make_unique<MessageRecorder>();
+        m_form = std::make_unique<TMagiForm>(m_fixture->state);
+    }
+    void cleanup()
+    {
+        m_form.reset();
+        m_messages.reset();
+        m_fixture.reset();
+    }
     void addedRecipesAreListedSavedAndReadBack();
-    void deleteRemovesTheLineAndTheFileOfTheShownName();
     void aNameThatCannotBeAFileIsRefusedBeforeAnythingIsWritten();
     void anUnusableFolderSaysSoAtTheFirstShowing();
     void aRightClickOnTheRecipeHandsItToThePrescription();
+
+private:
+    void typeRecipe(const QString& name, const QString& text)
+    {
+        QLineEdit* edit = control<QComboBox>(*m_form, "MagiList")->lineEdit();
+        edit->clear();
+        typeText(edit, name);
+        control<QPlainTextEdit>(*m_form, "MagiTxt")->setPlainText(text);
+    }
+    void click(const char* button)
+    {
+        QTest::mouseClick(control<QPushButton>(*m_form, button), Qt::LeftButton);
+    }
+
+    std::unique_ptr<CatalogueWindowState> m_fixture;
+    std::unique_ptr<MessageRecorder> m_messages;
+    std::unique_ptr<TMagiForm> m_form;
 };
 
 void TestRvmagi::addedRecipesAreListedSavedAndReadBack()
 {
-    CatalogueWindowState fixture;
-    pointUpdateAtScratch(fixture);
-    MessageRecorder messages;
-    TMagiForm form(fixture.state);
-    form.show();
-    QCOMPARE(form.windowTitle(), QStringLiteral("Saját Magi receptek"));
-    QCOMPARE(fixture.directory.read("upd/magi/MagiList.txt"), std::string());
-    typeRecipe(form, QStringLiteral("Kenőcs"), QStringLiteral("Rp.\nAcidi salicylici 5,0"));
-    QTest::mouseClick(control<QPushButton>(form, "MagiAdd"), Qt::LeftButton);
-    typeRecipe(form, QStringLiteral("Oldat"), QStringLiteral("Rp.\nAquae 100,0"));
-    QTest::mouseClick(control<QPushButton>(form, "MagiAdd"), Qt::LeftButton);
-    QCOMPARE(messages.texts(), QStringList());
-    QCOMPARE(fixture.directory.read("upd/magi/MagiList.txt"),
+    const auto& directory = m_fixture->directory;
+    m_form->show();
+    QCOMPARE(m_form->windowTitle(), QStringLiteral("Saját Magi receptek"));
+    QCOMPARE(directory.read("upd/magi/MagiList.txt"), std::string());
+    typeRecipe(QStringLiteral("Kenőcs"), QStringLiteral("Rp.\nAcidi salicylici 5,0"));
+    click("MagiAdd");
+    typeRecipe(QStringLiteral("Oldat"), QStringLiteral("Rp.\nAquae 100,0"));
+    click("MagiAdd");
+    QCOMPARE(directory.read("upd/magi/MagiList.txt"),
              "Ken\xF5"
              "cs\r\nOldat\r\n");
-    QCOMPARE(fixture.directory.read("upd/magi/Kenőcs"), "Rp.\r\nAcidi salicylici 5,0");
+    QCOMPARE(directory.read("upd/magi/Kenőcs"), "Rp.\r\nAcidi salicylici 5,0");
 
     // Typing filters the names, accents and case folded; Enter picks the first match.
-    auto* list = control<QComboBox>(form, "MagiList");
-    QCOMPARE(list->count(), 2);
+    auto* list = control<QComboBox>(*m_form, "MagiList");
+    auto* text = control<QPlainTextEdit>(*m_form, "MagiTxt");
     pickByTyping(list, QStringLiteral("KENO"));
     QCOMPARE(list->currentText(), QStringLiteral("Kenőcs"));
-    QCOMPARE(control<QPlainTextEdit>(form, "MagiTxt")->toPlainText(),
-             QStringLiteral("Rp.\nAcidi salicylici 5,0"));
-    control<QPlainTextEdit>(form, "MagiTxt")->setPlainText(QStringLiteral("Rp.\nAcidi salicylici 10,0"));
-    QTest::mouseClick(control<QPushButton>(form, "MagiMod"), Qt::LeftButton);
-    QCOMPARE(fixture.directory.read("upd/magi/Kenőcs"), "Rp.\r\nAcidi salicylici 10,0");
+    QCOMPARE(text->toPlainText(), QStringLiteral("Rp.\nAcidi salicylici 5,0"));
+    text->setPlainText(QStringLiteral("Rp.\nAcidi salicylici 10,0"));
+    click("MagiMod");
+    QCOMPARE(directory.read("upd/magi/Kenőcs"), "Rp.\r\nAcidi salicylici 10,0");
     QCOMPARE(list->count(), 2);
-}
 
-void TestRvmagi::deleteRemovesTheLineAndTheFileOfTheShownName()
-{
-    CatalogueWindowState fixture;
-    pointUpdateAtScratch(fixture);
-    MessageRecorder messages;
-    TMagiForm form(fixture.state);
-    form.show();
-    for (const char* name : {"A", "B"}) {
-        typeRecipe(form, QString::fromLatin1(name), QStringLiteral("szöveg"));
-        QTest::mouseClick(control<QPushButton>(form, "MagiAdd"), Qt::LeftButton);
-    }
-    auto* list = control<QComboBox>(form, "MagiList");
-    pickByTyping(list, QStringLiteral("b"));
-    QTest::mouseClick(control<QPushButton>(form, "MagiDel"), Qt::LeftButton);
+    // Delete removes the line and the file of the shown name; with nothing shown it does nothing.
+    pickByTyping(list, QStringLiteral("oldat"));
+    click("MagiDel");
+    QCOMPARE(directory.read("upd/magi/MagiList.txt"),
+             "Ken\xF5"
+             "cs\r\n");
+    QVERIFY(!std::filesystem::exists(directory.path() / "upd/magi/Oldat"));
+    QVERIFY(std::filesystem::exists(directory.path() / "upd/magi/Kenőcs"));
+    click("MagiDel");
     QCOMPARE(list->count(), 1);
-    QCOMPARE(fixture.directory.read("upd/magi/MagiList.txt"), "A\r\n");
-    QVERIFY(!std::filesystem::exists(fixture.directory.path() / "upd/magi/B"));
-    QVERIFY(std::filesystem::exists(fixture.directory.path() / "upd/magi/A"));
-    QTest::mouseClick(control<QPushButton>(form, "MagiDel"), Qt::LeftButton);  // nothing selected
-    QCOMPARE(list->count(), 1);
-    QCOMPARE(messages.texts(), QStringList());
+    QCOMPARE(m_messages->texts(), QStringList());
 }
 
 void TestRvmagi::aNameThatCannotBeAFileIsRefusedBeforeAnythingIsWritten()
 {
-    CatalogueWindowState fixture;
-    pointUpdateAtScratch(fixture);
-    MessageRecorder messages;
-    TMagiForm form(fixture.state);
-    form.show();
-    typeRecipe(form, QStringLiteral("recept 1/2"), QStringLiteral("x"));
-    QTest::mouseClick(control<QPushButton>(form, "MagiAdd"), Qt::LeftButton);
-    QCOMPARE(messages.texts(),
+    m_form->show();
+    typeRecipe(QStringLiteral("recept 1/2"), QStringLiteral("x"));
+    click("MagiAdd");
+    QCOMPARE(m_messages->texts(),
              QStringList{QStringLiteral(
                  "A recept neve nem tartalmazhatja a következő karakterek egyikét: \\ / : * ? \" < > |")});
-    QCOMPARE(messages.captions(), QStringList{QStringLiteral("Saját Magi receptek")});
-    QCOMPARE(control<QComboBox>(form, "MagiList")->count(), 0);
-    QCOMPARE(fixture.directory.read("upd/magi/MagiList.txt"), std::string());
+    QCOMPARE(m_messages->captions(), QStringList{QStringLiteral("Saját Magi receptek")});
+    QCOMPARE(control<QComboBox>(*m_form, "MagiList")->count(), 0);
+    QCOMPARE(m_fixture->directory.read("upd/magi/MagiList.txt"), std::string());
 }
 
 void TestRvmagi::anUnusableFolderSaysSoAtTheFirstShowing()
 {
-    CatalogueWindowState fixture;
-    pointUpdateAtScratch(fixture);
-    fixture.write("upd", "a file where the folder should be");
-    MessageRecorder messages;
-    TMagiForm form(fixture.state);
-    form.show();
-    QCOMPARE(messages.texts().size(), 1);
-    QVERIFY(
-        messages.texts().front().startsWith(QStringLiteral("A saját receptek mappája nem hozható létre: ")));
-    typeRecipe(form, QStringLiteral("A"), QStringLiteral("x"));
-    QTest::mouseClick(control<QPushButton>(form, "MagiAdd"), Qt::LeftButton);
-    QCOMPARE(messages.texts().size(), 2);
-    QVERIFY(messages.texts().back().startsWith(QStringLiteral("A saját receptek listája nem menthető: ")));
-    QCOMPARE(fixture.directory.read("upd"), "a file where the folder should be");
+    m_form.reset();  // the form made by init() made the folder
+    std::filesystem::remove_all(m_fixture->directory.path() / "upd");
+    m_fixture->write("upd", "a file where the folder should be");
+    m_form = std::make_unique<TMagiForm>(m_fixture->state);
+    m_form->show();
+    QCOMPARE(m_messages->texts().size(), 1);
+    QVERIFY(m_messages->texts().front().startsWith(
+        QStringLiteral("A saját receptek mappája nem hozható létre: ")));
+    typeRecipe(QStringLiteral("A"), QStringLiteral("x"));
+    click("MagiAdd");
+    QCOMPARE(m_messages->texts().size(), 2);
+    QVERIFY(m_messages->texts().back().startsWith(QStringLiteral("A saját receptek listája nem menthető: ")));
+    QCOMPARE(m_fixture->directory.read("upd"), "a file where the folder should be");
 }
 
 void TestRvmagi::aRightClickOnTheRecipeHandsItToThePrescription()
 {
-    CatalogueWindowState fixture;
-    pointUpdateAtScratch(fixture);
-    TMagiForm form(fixture.state);
+    TMagiForm& form = *m_form;
     form.show();
-    typeRecipe(form, QStringLiteral("Kenőcs"), QStringLiteral("Rp.\nAcidi salicylici 5,0"));
+    typeRecipe(QStringLiteral("Kenőcs"), QStringLiteral("Rp.\nAcidi salicylici 5,0"));
     auto* text = control<QPlainTextEdit>(form, "MagiTxt")->viewport();
     QTest::mouseClick(text, Qt::RightButton);  // no prescription window: nothing happens
     std::vector<std::string> handed;

@@ -35,8 +35,7 @@ private slots:
     void ttPackagesHiddenOnlyForExactlyIgen_data();
     void ttPackagesHiddenOnlyForExactlyIgen();
     void columnWidthsAreSavedAndRestored();
-    void kgyAddAppendsTheSelectedRow();
-    void doubleClickOpensTheDescription();
+    void kgyAddAppendsTheSelectedRowAndDoubleClickOpensItsDescription();
 
 private:
     template <typename T>
@@ -45,6 +44,7 @@ private:
         return control<T>(*m_form, name, file, line);
     }
     void doubleClickNode(int node);
+    static void doubleClick(QWidget* viewport, QPoint at);
     void selectRow(const QString& name);
     [[nodiscard]] QStringList names();
     [[nodiscard]] QString header(int column);
@@ -85,11 +85,15 @@ void TestRvref::doubleClickNode(int node)
         parent->setExpanded(true);
     tree->scrollToItem(item);
     tree->setCurrentItem(item);
-    const QPoint centre = tree->visualItemRect(item).center();
-    // A double click is the press of a click followed by the second press.
-    QTest::mousePress(tree->viewport(), Qt::LeftButton, {}, centre);
-    QTest::mouseRelease(tree->viewport(), Qt::LeftButton, {}, centre);
-    QTest::mouseDClick(tree->viewport(), Qt::LeftButton, {}, centre);
+    doubleClick(tree->viewport(), tree->visualItemRect(item).center());
+}
+
+// A double click is the press of a click followed by the second press.
+void TestRvref::doubleClick(QWidget* viewport, QPoint at)
+{
+    QTest::mousePress(viewport, Qt::LeftButton, {}, at);
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, at);
+    QTest::mouseDClick(viewport, Qt::LeftButton, {}, at);
 }
 
 void TestRvref::selectRow(const QString& name)
@@ -119,9 +123,6 @@ QString TestRvref::header(int column)
 void TestRvref::opensWithEveryControlAndColumn()
 {
     QCOMPARE(m_form->windowTitle(), QString("Részletes lista"));
-    QCOMPARE(child<QPushButton>("TfxTerkot")->text(), QString("TfxTerkot"));
-    QVERIFY(!child<QPushButton>("TfxTerkot")->isEnabled());
-    QVERIFY(child<QCheckBox>("ShowAtcList")->isChecked());
     QCOMPARE(child<QTableView>("RefLst")->model()->columnCount(), 35);
     QCOMPARE(header(0), QString("Név - kiszerelés"));
     QCOMPARE(header(26), QString("Új"));
@@ -265,9 +266,11 @@ void TestRvref::columnWidthsAreSavedAndRestored()
     QCOMPARE(restored->sectionSize(34), 40);
 }
 
-void TestRvref::kgyAddAppendsTheSelectedRow()
+void TestRvref::kgyAddAppendsTheSelectedRowAndDoubleClickOpensItsDescription()
 {
     MessageRecorder messages;
+    std::vector<std::int32_t> opened;
+    m_form->setDescriptionViewer([&](std::int32_t record, const QString&) { opened.push_back(record); });
     QTest::mouseClick(child<QPushButton>("KgyAdd"), Qt::LeftButton);
     QCOMPARE(messages.texts(), QStringList{"Jelöljön ki egy készítményt az alsó listából"});
     doubleClickNode(4);
@@ -278,19 +281,8 @@ void TestRvref::kgyAddAppendsTheSelectedRow()
     QCOMPARE(QString::fromStdString(rovanel::readWholeFile(m_config->path() / "kgy.txt").value_or("")),
              QString("C08CA-01;210751400;ALFA 5 MG;3;amlodipin \r\n"
                      "C08CA-01;210751400;ALFA 5 MG;3;amlodipin \r\n"));
-}
-
-void TestRvref::doubleClickOpensTheDescription()
-{
-    std::vector<std::int32_t> opened;
-    m_form->setDescriptionViewer([&](std::int32_t record, const QString&) { opened.push_back(record); });
-    doubleClickNode(4);
     auto* list = child<QTableView>("RefLst");
-    list->selectRow(2);  // ALFA, record 0
-    const QPoint centre = list->visualRect(list->model()->index(2, 0)).center();
-    QTest::mousePress(list->viewport(), Qt::LeftButton, {}, centre);
-    QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, centre);
-    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, centre);
+    doubleClick(list->viewport(), list->visualRect(list->model()->index(2, 0)).center());  // ALFA, record 0
     QCOMPARE(opened, std::vector<std::int32_t>{0});
 }
 

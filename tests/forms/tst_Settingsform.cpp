@@ -217,8 +217,6 @@ void TestSettingsform::manualRunTellsWhatTheServerSaid()
         {"empty reply: silent", Behaviour::Answer, 200, "", "", "Szétkapcsolás", ""},
         {"no CR: empty date", Behaviour::Answer, 200, "20261201",
          QString::fromUtf8("Nincsen újabb adatbázis a  oldalon"), "Szétkapcsolás", ""},
-        {"lines over 100 bytes", Behaviour::Answer, 200, "20261201\r\n2026\r\n" + QByteArray(120, 'w'), "",
-         "Szétkapcsolás", QString(100, 'w')},
         {"404", Behaviour::Answer, 404, "nincs", kUnreachable, "Szétkapcsolás", ""},
         {"refused", Behaviour::Answer, 0, "", kUnreachable, "Kapcsolódás sikertelen", ""},
         {"ten megabytes: the first 64 KiB", Behaviour::Flood, 200, "", "", "Szétkapcsolás", "www.rovanel.hu"},
@@ -290,7 +288,6 @@ void TestSettingsform::automaticRunIsOncePerProgramRunAndShowsOnlyTheTitleWhenSw
     QVERIFY(!rovanel::RegWriteBool(run.registry, kRovanel + "UpgShow", false));
     QVERIFY(!rovanel::RegWriteBool(run.registry, kRovanel + "CheckUpg", false));
     const QString title = run.main.windowTitle();
-    QCOMPARE(run.main.findChild<QTimer*>("Timer1")->interval(), 60000);
     for (int tick = 0; tick < 3; ++tick) {
         run.main.Timer1Timer();
         QTRY_VERIFY(!run.main.UpgRunning);
@@ -356,7 +353,6 @@ void TestSettingsform::refreshFromTheMenuInstallsTheNewerDatabaseAndRestarts()
                           QString::fromUtf8("Sikeres frissítés, a program újra indul.")}));
     QCOMPARE(restarts, 1);
     QCOMPARE(run.data.read("nevrend.dat"), std::string("new names"));
-    QCOMPARE(run.data.read("zaras.inf"), std::string("20261201\r\n2026.12.01\r\n"));  // the name it had
     run.messages.clear();
     item->trigger();
     QCOMPARE(run.messages.texts(),

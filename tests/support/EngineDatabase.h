@@ -111,6 +111,12 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
     directory.write("gy.ful", gyful);
     directory.write("nevpos.dat", nevpos);
 
+    const auto writeIndex = [&](const char* listFile, const char* directoryFile,
+                                const std::vector<std::vector<int>>& lists, bool comma, bool sentinel) {
+        const auto [list, index] = indexPair(lists, comma, sentinel);
+        directory.write(listFile, list);
+        directory.write(directoryFile, index);
+    };
     std::vector<std::vector<int>> atcLists;
     std::string atcTree, atcNames;
     for (const auto& [code, name] : atcGroups) {
@@ -122,9 +128,7 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
                    " (" + code + ")\r\n";
         atcNames += nameFileLine(name);
     }
-    auto [atcList, atcDirectory] = indexPair(atcLists, false, true);
-    directory.write("atcind.dat", atcList);
-    directory.write("atcindin.dat", atcDirectory);
+    writeIndex("atcind.dat", "atcindin.dat", atcLists, false, true);
     directory.write("atcnren2.dat", atcTree);
     directory.write("atcnrend.dat", atcNames);
 
@@ -142,9 +146,7 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
         contraTree += std::string(code.size() > 3 ? "\t" : "") + utf8ToCp1250(name) + "\r\n";
         contraNames += nameFileLine(name);
     }
-    auto [contraList, contraDirectory] = indexPair(contraLists, false, false);
-    directory.write("ellind.dat", contraList);
-    directory.write("ellindin.dat", contraDirectory);
+    writeIndex("ellind.dat", "ellindin.dat", contraLists, false, false);
     directory.write("ellnren2.dat", contraTree);
     directory.write("ellnrend.dat", contraNames);
 
@@ -159,14 +161,10 @@ inline void EngineDatabase::write(const ScratchDirectory& directory) const
         ingredientLists.push_back(members);
         ingredientNames += utf8ToCp1250(name) + "\r\n";
     }
-    auto [effectList, effectDirectory] = indexPair(effectLists, true, false);
-    directory.write("mhind.dat", effectList);
-    directory.write("mhindin.dat", effectDirectory);
+    writeIndex("mhind.dat", "mhindin.dat", effectLists, true, false);
     directory.write("mhnren2.dat", effectTree);
     directory.write("mhnrend.dat", effectNames);
-    auto [ingredientList, ingredientDirectory] = indexPair(ingredientLists, false, false);
-    directory.write("haind.dat", ingredientList);
-    directory.write("haindinf.dat", ingredientDirectory);
+    writeIndex("haind.dat", "haindinf.dat", ingredientLists, false, false);
     directory.write("harend2.dat", ingredientNames);
     directory.write("rend2.ful", utf8ToCp1250(regulations));
 }
