@@ -1,5 +1,7 @@
 #include "rx/BnoRules.h"
 
+#include <algorithm>
+
 #include "db/Cp1250.h"
 #include "db/DataFile.h"
 #include "db/Text.h"
@@ -109,6 +111,30 @@ std::optional<Message> preconditions(std::optional<std::string_view> bnohr, cons
     return std::nullopt;
 }
 
+// The rules of bnohr.dat relevant to a drug's keys, in file order, and the message to give when none of
+// them serves: the refusal for no keys or no file (then no line is read), else the scan's end message.
+struct RelevantRules {
+    std::vector<RuleLine> rules;  // views into the file's text
+    Message noneServes;
+};
+
+RelevantRules relevantRules(std::optional<std::string_view> bnohr, const RegulationKeys& keys, bool feePaying)
+{
+    RelevantRules found;
+    if (auto refusal = preconditions(bnohr, keys)) {
+        found.noneServes = std::move(*refusal);
+        return found;
+    }
+    RuleScan scan(keys, feePaying);
+    forEachLine(*bnohr, [&](std::string_view line) {
+        const auto rule = ruleLine(line);
+        if (rule && scan.relevant(rule->key)) found.rules.push_back(*rule);
+        return true;
+    });
+    found.noneServes = scan.endMessage();
+    return found;
+}
+
 std::optional<std::string> readRules(const std::filesystem::path& dataDirectory)
 {
     return readWholeFile(dataFilePath(dataDirectory, "bnohr.dat"));
@@ -129,17 +155,10 @@ BnoCheckResult checkBnoText(std::optional<std::string_view> bnohr, const Regulat
         result.accepted = true;
         return result;
     }
-    if (auto message = preconditions(bnohr, keys)) {
-        result.message = std::move(message);
-        return result;
-    }
-    RuleScan scan(keys, feePaying);
-    forEachLine(*bnohr, [&](std::string_view line) {
-        const auto rule = ruleLine(line);
-        if (rule && scan.relevant(rule->key) && admits(rule->rest, code)) result.accepted = true;
-        return !result.accepted;
-    });
-    if (!result.accepted) result.message = scan.endMessage();
+    RelevantRules found = relevantRules(bnohr, keys, feePaying);
+    result.accepted =
+        std::ranges::any_of(found.rules, [&](const RuleLine& rule) { return admits(rule.rest, code); });
+    if (!result.accepted) result.message = std::move(found.noneServes);
     return result;
 }
 
@@ -157,27 +176,18 @@ BnoCheckResult checkBno(const std::filesystem::path& dataDirectory, const Regula
 BnoCodeList bnoCodeListText(std::optional<std::string_view> bnohr, const RegulationKeys& keys, bool feePaying)
 {
     BnoCodeList list;
-    if (auto message = preconditions(bnohr, keys)) {
-        list.message = std::move(message);
-        return list;
+    RelevantRules found = relevantRules(bnohr, keys, feePaying);
+    for (const RuleLine& rule : found.rules) {
+        const bool fee = isFeePayingKey(rule.key);
+        const char* rate = !fee                      ? "100%"
+                           : rule.key.front() == '_' ? "90%"
+                           : rule.key.front() == '&' ? "70%"
+                                                     : "50%";
+        const std::string_view shownKey = fee ? rule.key.substr(1) : rule.key;
+        list.lines.push_back(std::string(rule.rest) + " \t" + rate + "  " + std::string(shownKey) + "\t");
     }
-    RuleScan scan(keys, feePaying);
-    forEachLine(*bnohr, [&](std::string_view line) {
-        const auto rule = ruleLine(line);
-        if (!rule || !scan.relevant(rule->key)) return true;
-        const bool fee = isFeePayingKey(rule->key);
-        const char* rate = !fee                       ? "100%"
-                           : rule->key.front() == '_' ? "90%"
-                           : rule->key.front() == '&' ? "70%"
-                                                      : "50%";
-        const std::string_view shownKey = fee ? rule->key.substr(1) : rule->key;
-        list.lines.push_back(std::string(rule->rest) + " \t" + rate + "  " + std::string(shownKey) + "\t");
-        return true;
-    });
-    if (list.lines.empty()) {
-        // With nothing listed no rule kind was seen, so only the first three messages can apply.
-        list.message = scan.endMessage();
-    }
+    // With nothing listed no rule kind was seen, so only the first three end messages can apply.
+    if (list.lines.empty()) list.message = std::move(found.noneServes);
     return list;
 }
 

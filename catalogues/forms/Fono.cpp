@@ -53,9 +53,7 @@ TFoNoForm::TFoNoForm(rovanel::SharedState& state, QWidget* parent)
     m_text->setLineWrapMode(QTextEdit::NoWrap);
     m_text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     m_text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    rovanel::forms::onRightButtonPress(m_text->viewport(), [this] {
-        if (m_handover) m_handover(m_name, rovanel::forms::toCp1250(m_text->toPlainText()), "999999999");
-    });
+    handOverOnRightButton(m_text, [this] { return m_name; });
 
     auto* left = new QWidget(panel);
     auto* leftLayout = new QVBoxLayout(left);

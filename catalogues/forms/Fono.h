@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/MagistralHandover.h"
 
 namespace rovanel
 {
@@ -22,18 +22,12 @@ namespace rovanel::forms
 class NameList;
 }
 
-class TFoNoForm : public QWidget
+class TFoNoForm : public QWidget, public rovanel::forms::MagistralHandover
 {
     Q_OBJECT
 public:
     explicit TFoNoForm(rovanel::SharedState& state, QWidget* parent = nullptr);
     ~TFoNoForm() override;
-
-    // The prescription window's item-adding operation, called on a right-button press on the text.
-    void setPrescriptionHandover(rovanel::forms::PrescriptionHandover handover)
-    {
-        m_handover = std::move(handover);
-    }
 
     // FoNoName: the name line of the item shown last (Windows-1250).
     [[nodiscard]] const std::string& FoNoName() const { return m_name; }
@@ -47,7 +41,6 @@ private:
     void showItem(int item);
 
     rovanel::SharedState& m_state;
-    rovanel::forms::PrescriptionHandover m_handover;  // none until a prescription window is attached
     std::unique_ptr<rovanel::FonoCatalogue> m_catalogue;
     std::string m_name;
     QTreeWidget* m_tree = nullptr;

@@ -30,9 +30,7 @@ TMagiForm::TMagiForm(rovanel::SharedState& state, QWidget* parent) : QWidget(par
     m_text = new QPlainTextEdit(this);
     m_text->setObjectName("MagiTxt");
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
-    rovanel::forms::onRightButtonPress(m_text->viewport(), [this] {
-        if (m_handover) m_handover(name(), rovanel::forms::toCp1250(m_text->toPlainText()), "999999999");
-    });
+    handOverOnRightButton(m_text, [this] { return name(); });
     m_text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     m_text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 

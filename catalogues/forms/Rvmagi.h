@@ -9,7 +9,7 @@
 #include <optional>
 
 #include "db/Message.h"
-#include "views/forms/kit/Lists.h"
+#include "views/forms/kit/MagistralHandover.h"
 
 namespace rovanel
 {
@@ -24,18 +24,12 @@ namespace rovanel::forms
 class NameList;
 }
 
-class TMagiForm : public QWidget
+class TMagiForm : public QWidget, public rovanel::forms::MagistralHandover
 {
     Q_OBJECT
 public:
     explicit TMagiForm(rovanel::SharedState& state, QWidget* parent = nullptr);
     ~TMagiForm() override;
-
-    // The prescription window's item-adding operation, called on a right-button press on the text.
-    void setPrescriptionHandover(rovanel::forms::PrescriptionHandover handover)
-    {
-        m_handover = std::move(handover);
-    }
 
 public slots:
     void MagiListChange();
@@ -55,7 +49,6 @@ private:
     void tell(const std::optional<rovanel::Message>& message);
 
     rovanel::SharedState& m_state;
-    rovanel::forms::PrescriptionHandover m_handover;  // none until a prescription window is attached
     std::unique_ptr<rovanel::MagiStore> m_store;
     std::optional<rovanel::Message> m_openMessage;  // shown at the first showing
     rovanel::forms::NameList* m_names = nullptr;

@@ -1,4 +1,5 @@
 // The drug list window driven by its control names on the six-product database.
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QImage>
@@ -51,6 +52,8 @@ private slots:
     void ttBoxIsTheUsersSettingOverTheDatabaseFoldersDefault();
     void jumpButtonsAndRightClickWorkOnTheDescription();
     void c08PictureShowsOnlyWhilePictureDisplayIsOn();
+    void windowFitsA1366By768Screen_data();
+    void windowFitsA1366By768Screen();
 
 private:
     void open(const char* ttValue = nullptr);
@@ -266,6 +269,29 @@ void TestRvlist::c08PictureShowsOnlyWhilePictureDisplayIsOn()
     choose(3);  // A01
     QVERIFY(!image->isVisible());
     QTRY_COMPARE(box->height(), fullHeight);
+}
+
+// A 1366×768 screen less its task bar, at 100 % and at 150 % (QT_SCALE_FACTOR=1.5: 910 logical pixels
+// across): the window takes the whole screen and no caption is cut.
+void TestRvlist::windowFitsA1366By768Screen_data()
+{
+    QTest::addColumn<QSize>("screen");
+    QTest::newRow("100 %") << QSize(1366, 738);
+    QTest::newRow("150 %") << QSize(910, 492);
+}
+
+void TestRvlist::windowFitsA1366By768Screen()
+{
+    QFETCH(QSize, screen);
+    open();
+    choose(0);
+    m_form->resize(screen);
+    QCOMPARE(m_form->size(), screen);
+    // A button's least width is its caption's (the jump buttons set theirs below the style's default).
+    for (const QAbstractButton* button : m_form->findChildren<QAbstractButton*>()) {
+        const int least = button->minimumWidth() > 0 ? button->minimumWidth() : button->sizeHint().width();
+        QVERIFY2(button->width() >= least, qPrintable(button->objectName()));
+    }
 }
 
 QTEST_MAIN(TestRvlist)

@@ -2,10 +2,8 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTabWidget>
@@ -26,6 +24,30 @@
 
 using rovanel::forms::button;
 
+namespace
+{
+
+// A tab page of a tree with one button under it.
+struct TreePage {
+    QWidget* page;
+    QTreeWidget* tree;
+    QPushButton* button;
+};
+
+TreePage treePage(const char* pageName, const char* treeName, const char* buttonName, const QString& caption)
+{
+    auto* page = new QWidget;
+    page->setObjectName(pageName);
+    const TreePage result{page, rovanel::forms::readOnlyTree(treeName, page),
+                          button(buttonName, caption, page)};
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(result.tree);
+    layout->addWidget(result.button);
+    return result;
+}
+
+}  // namespace
+
 TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_state(state)
 {
     setObjectName("Kh");
@@ -39,10 +61,9 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
 
     auto* gyTab = new QWidget;
     gyTab->setObjectName("GyTab");
-    m_gylist = new rovanel::forms::NameList("Gylist", gyTab);
-    m_gylist->lineEdit()->installEventFilter(this);
+    auto* gylist = new rovanel::forms::NameList("Gylist", gyTab);
     auto* gyLayout = new QVBoxLayout(gyTab);
-    gyLayout->addWidget(m_gylist);
+    gyLayout->addWidget(gylist);
     auto* gyButtons = new QHBoxLayout;
     auto* gyToList = button("GyToList", QStringLiteral("Listá&hoz ad >>"), gyTab);
     auto* gyMegnez = button("GyMegnez", QStringLiteral("&Megnéz"), gyTab);
@@ -52,23 +73,12 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
     gyLayout->addStretch();
     m_tab->addTab(gyTab, QStringLiteral("Gyógyszerek"));
 
-    auto* eTab = new QWidget;
-    eTab->setObjectName("ETab");
-    m_ellTree = rovanel::forms::readOnlyTree("EllTree", eTab);
-    auto* ellToList = button("EllToList", QStringLiteral("Listához a&d >>"), eTab);
-    auto* eLayout = new QVBoxLayout(eTab);
-    eLayout->addWidget(m_ellTree);
-    eLayout->addWidget(ellToList);
-    m_tab->addTab(eTab, QStringLiteral("Ellenjavallatok"));
-
-    auto* atcTab = new QWidget;
-    atcTab->setObjectName("ATCTab");
-    m_atcTree = rovanel::forms::readOnlyTree("ATCTree", atcTab);
-    auto* atcKeres = button("ATCKeres", QStringLiteral("&Keres"), atcTab);
-    auto* atcLayout = new QVBoxLayout(atcTab);
-    atcLayout->addWidget(m_atcTree);
-    atcLayout->addWidget(atcKeres);
-    m_tab->addTab(atcTab, QStringLiteral("ATC"));
+    const TreePage ell = treePage("ETab", "EllTree", "EllToList", QStringLiteral("Listához a&d >>"));
+    m_ellTree = ell.tree;
+    m_tab->addTab(ell.page, QStringLiteral("Ellenjavallatok"));
+    const TreePage atc = treePage("ATCTab", "ATCTree", "ATCKeres", QStringLiteral("&Keres"));
+    m_atcTree = atc.tree;
+    m_tab->addTab(atc.page, QStringLiteral("ATC"));
 
     auto* eredmenyTab = new QWidget;
     eredmenyTab->setObjectName("EredmenyTab");
@@ -88,6 +98,7 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
 
     m_szedett = new rovanel::forms::TakenDrugs(
         m_state, {"KhSzedettGyList", "KhSzGyTorol", "Töröl", "KhSzGyListTorol", "Listát töröl"}, this);
+    m_szedett->pickFrom(gylist);
     auto* right = new QVBoxLayout;
     right->addWidget(m_szedett, 2);
     right->addWidget(new QLabel(QStringLiteral("Ellenjavallatok:")));
@@ -125,8 +136,8 @@ TKh::TKh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
 
     connect(gyToList, &QPushButton::clicked, this, &TKh::GyToListClick);
     connect(gyMegnez, &QPushButton::clicked, this, &TKh::GyMegnezClick);
-    connect(ellToList, &QPushButton::clicked, this, &TKh::EllToListClick);
-    connect(atcKeres, &QPushButton::clicked, this, &TKh::ATCKeresClick);
+    connect(ell.button, &QPushButton::clicked, this, &TKh::EllToListClick);
+    connect(atc.button, &QPushButton::clicked, this, &TKh::ATCKeresClick);
     connect(ellenoriz, &QPushButton::clicked, this, &TKh::EllenorizClick);
     connect(m_szedett, &rovanel::forms::TakenDrugs::changed, this, &TKh::clearResults);
     connect(m_szedett, &rovanel::forms::TakenDrugs::descriptionRequested, this,
@@ -144,18 +155,12 @@ void TKh::showEvent(QShowEvent* event)
     if (!m_loaded) FormShow();
 }
 
-bool TKh::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == m_gylist->lineEdit() && event->type() == QEvent::MouseButtonDblClick) AddSzGy();
-    return QWidget::eventFilter(watched, event);
-}
-
 // First showing only: the drug names, the two trees and a fresh selection; kept until the program ends.
 void TKh::FormShow()
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto& tables = m_state.tables;
-    m_gylist->setNames(rovanel::nameListFill(tables, rovanel::NameGroup::Medicines));
+    m_szedett->fillNames();
     rovanel::forms::loadTree(m_ellTree, rovanel::dataFilePath(tables.dataDirectory, "ellnren2.dat"));
     rovanel::forms::loadTree(m_atcTree, rovanel::dataFilePath(tables.dataDirectory, "atcnren2.dat"));
     m_state.selection.resetForInteractionWindow();
@@ -163,14 +168,7 @@ void TKh::FormShow()
     m_loaded = true;
 }
 
-void TKh::GyToListClick() { AddSzGy(); }
-
-void TKh::AddSzGy()
-{
-    const int index = m_gylist->chosenIndex();
-    m_szedett->add(rovanel::recordOfListPosition(m_state.tables, rovanel::NameGroup::Medicines, index),
-                   m_gylist->itemText(index));
-}
+void TKh::GyToListClick() { m_szedett->addChosen(); }
 
 // The drugs taken changed (added, deleted, cleared): the report and the found drugs no longer hold.
 void TKh::clearResults()
@@ -248,13 +246,7 @@ void TKh::ATCTreeChange()
     m_state.selection.markReportOutdated();
 }
 
-void TKh::GyMegnezClick()
-{
-    const int index = m_gylist->chosenIndex();
-    if (m_viewer)
-        m_viewer(rovanel::recordOfListPosition(m_state.tables, rovanel::NameGroup::Medicines, index),
-                 m_gylist->currentText());
-}
+void TKh::GyMegnezClick() { m_szedett->describeChosen(); }
 
 void TKh::KhGyMegnezClick()
 {

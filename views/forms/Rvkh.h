@@ -21,9 +21,8 @@ class QTreeWidget;
 
 namespace rovanel::forms
 {
-class NameList;
 class TakenDrugs;
-}  // namespace rovanel::forms
+}
 
 class TKh : public QWidget
 {
@@ -49,11 +48,9 @@ public slots:
 
 protected:
     void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void FormShow();
-    void AddSzGy();
     void showResult(const rovanel::KhRunResult& result);
     void clearResults();
 
@@ -61,7 +58,6 @@ private:
     rovanel::forms::DescriptionViewer m_viewer;
     bool m_loaded = false;
     QTabWidget* m_tab = nullptr;
-    rovanel::forms::NameList* m_gylist = nullptr;
     QTreeWidget* m_ellTree = nullptr;
     QTreeWidget* m_atcTree = nullptr;
     QTextEdit* m_eredmeny = nullptr;

@@ -68,8 +68,7 @@ TGylist::TGylist(rovanel::SharedState& state, QWidget* parent) : QWidget(parent,
     m_picture->hide();
     m_leiras->addBelowText(m_picture);
 
-    m_levels = new QListWidget(this);
-    m_levels->setObjectName("AzonAtc");
+    m_levels = rovanel::forms::nameLines("AzonAtc", this);  // a long level name elided, whole in its tooltip
     auto* order = new QGroupBox(this);
     order->setObjectName("NamePriceGroupBox");
     m_priceOrder = new QRadioButton(QString::fromUtf8("Ár szerint"), order);
@@ -79,9 +78,12 @@ TGylist::TGylist(rovanel::SharedState& state, QWidget* parent) : QWidget(parent,
     m_nameOrder->setObjectName("NameOrder");
     m_sameAtc = rovanel::forms::nameLines("AzonAtcNev", this);
 
+    // The deleted-packages switch stands with the description it trims; in the right column its caption
+    // alone would set the window's least width past a 1366-pixel screen at 150 % (910 pixels).
     auto* groups = new QHBoxLayout;
     groups->addWidget(m_medicines);
     groups->addWidget(m_nutrition);
+    groups->addWidget(m_hideDeleted);
     groups->addStretch();
     groups->addWidget(recept);
     auto* left = new QVBoxLayout;
@@ -89,13 +91,12 @@ TGylist::TGylist(rovanel::SharedState& state, QWidget* parent) : QWidget(parent,
     left->addWidget(m_gylist);
     left->addWidget(m_leiras, 1);
 
-    auto* orderLayout = new QHBoxLayout(order);
+    // The two orders one under the other: side by side they too would widen the window past 910 pixels.
+    auto* orderLayout = new QVBoxLayout(order);
     orderLayout->setContentsMargins(8, 2, 8, 2);
     orderLayout->addWidget(m_priceOrder);
     orderLayout->addWidget(m_nameOrder);
-    orderLayout->addStretch();
     auto* right = new QVBoxLayout;
-    right->addWidget(m_hideDeleted);
     right->addWidget(m_levels, 1);
     right->addWidget(order);
     right->addWidget(m_sameAtc, 3);

@@ -1,10 +1,8 @@
 #include "views/forms/Rvmh.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -28,12 +26,12 @@ TMh::TMh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
     setWindowTitle(QStringLiteral("Mellékhatások                    Help=F1"));
     setHelpContext(this, 300);
 
-    m_gyList = new rovanel::forms::NameList("GyList", this);
-    m_gyList->lineEdit()->installEventFilter(this);
+    auto* gyList = new rovanel::forms::NameList("GyList", this);
     auto* gyToList = button("GyToList", QStringLiteral("Listához &ad >>"), this);
     auto* gyListMegnez = button("GyListMegnez", QStringLiteral("&Megnéz"), this);
     m_szedett = new rovanel::forms::TakenDrugs(
         m_state, {"MhSzedettGyList", "SzGyTorol", "&Töröl", "SzGyListatTorol", "&Listát töröl"}, this);
+    m_szedett->pickFrom(gyList);
     m_tree = rovanel::forms::readOnlyTree("MhTree", this);
     auto* mhKeres = button("MhKeres", QStringLiteral("&Keres"), this);
     m_found = rovanel::forms::nameLines("MhGyList", this);
@@ -41,7 +39,7 @@ TMh::TMh(rovanel::SharedState& state, QWidget* parent) : QWidget(parent), m_stat
 
     auto* drugs = new QVBoxLayout;
     drugs->addWidget(new QLabel(QStringLiteral("Gyógszerek:")));  // spelt so on purpose
-    drugs->addWidget(m_gyList);
+    drugs->addWidget(gyList);
     drugs->addWidget(gyToList);
     drugs->addWidget(gyListMegnez);
     drugs->addStretch();
@@ -82,33 +80,20 @@ void TMh::showEvent(QShowEvent* event)
     if (!m_loaded) FormShow();
 }
 
-bool TMh::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == m_gyList->lineEdit() && event->type() == QEvent::MouseButtonDblClick) AddSzGy();
-    return QWidget::eventFilter(watched, event);
-}
-
 // First showing only. All 22 slots of the shared selection go to -1 but its count stays (kept on
 // purpose: the count can then exceed the slots in use; the engine skips -1 slots).
 void TMh::FormShow()
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto& tables = m_state.tables;
-    m_gyList->setNames(rovanel::nameListFill(tables, rovanel::NameGroup::Medicines));
+    m_szedett->fillNames();
     rovanel::forms::loadTree(m_tree, rovanel::dataFilePath(tables.dataDirectory, "mhnren2.dat"));
     m_state.selection.resetSlotsForSideEffectWindow();
     QApplication::restoreOverrideCursor();
     m_loaded = true;
 }
 
-void TMh::GyToListClick() { AddSzGy(); }
-
-void TMh::AddSzGy()
-{
-    const int index = m_gyList->chosenIndex();
-    m_szedett->add(rovanel::recordOfListPosition(m_state.tables, rovanel::NameGroup::Medicines, index),
-                   m_gyList->itemText(index));
-}
+void TMh::GyToListClick() { m_szedett->addChosen(); }
 
 void TMh::SzGyTorolClick() { m_szedett->removeSelected(); }
 
@@ -131,13 +116,7 @@ void TMh::MhKeresClick()
     rovanel::forms::setLines(m_found, rovanel::foundDrugNames(m_state.tables, m_state.found));
 }
 
-void TMh::GyListMegnezClick()
-{
-    const int index = m_gyList->chosenIndex();
-    if (m_viewer)
-        m_viewer(rovanel::recordOfListPosition(m_state.tables, rovanel::NameGroup::Medicines, index),
-                 m_gyList->currentText());
-}
+void TMh::GyListMegnezClick() { m_szedett->describeChosen(); }
 
 void TMh::GyMegnezClick()
 {

@@ -17,9 +17,8 @@ class QTreeWidget;
 
 namespace rovanel::forms
 {
-class NameList;
 class TakenDrugs;
-}  // namespace rovanel::forms
+}
 
 class TMh : public QWidget
 {
@@ -40,16 +39,13 @@ public slots:
 
 protected:
     void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void FormShow();
-    void AddSzGy();
 
     rovanel::SharedState& m_state;
     rovanel::forms::DescriptionViewer m_viewer;
     bool m_loaded = false;
-    rovanel::forms::NameList* m_gyList = nullptr;
     rovanel::forms::TakenDrugs* m_szedett = nullptr;
     QTreeWidget* m_tree = nullptr;
     QListWidget* m_found = nullptr;

@@ -1,14 +1,18 @@
 #include "views/forms/kit/TakenDrugs.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "app/forms/ShowMessage.h"
+#include "db/ProductIndex.h"
 #include "db/SharedState.h"
 #include "views/forms/kit/Lists.h"
+#include "views/forms/kit/NameList.h"
 
 namespace rovanel::forms
 {
@@ -36,14 +40,44 @@ TakenDrugs::TakenDrugs(rovanel::SharedState& state, const Controls& controls, QW
     connect(m_list, &QListWidget::itemDoubleClicked, this, &TakenDrugs::lineDoubleClicked);
 }
 
-void TakenDrugs::add(rovanel::ProductRecord record, const QString& name)
+void TakenDrugs::pickFrom(NameList* names)
 {
-    const rovanel::SelectionChange change = m_state.selection.addDrug(record);
+    m_names = names;
+    m_names->lineEdit()->installEventFilter(this);
+}
+
+void TakenDrugs::fillNames()
+{
+    if (m_names) m_names->setNames(rovanel::nameListFill(m_state.tables, rovanel::NameGroup::Medicines));
+}
+
+bool TakenDrugs::eventFilter(QObject* watched, QEvent* event)
+{
+    if (m_names && watched == m_names->lineEdit() && event->type() == QEvent::MouseButtonDblClick)
+        addChosen();
+    return QWidget::eventFilter(watched, event);
+}
+
+rovanel::ProductRecord TakenDrugs::medicine(int position) const
+{
+    return rovanel::recordOfListPosition(m_state.tables, rovanel::NameGroup::Medicines, position);
+}
+
+void TakenDrugs::addChosen()
+{
+    if (!m_names) return;
+    const int position = m_names->chosenIndex();
+    const rovanel::SelectionChange change = m_state.selection.addDrug(medicine(position));
     if (change.outcome == rovanel::SelectionOutcome::Changed) {
-        addElidedLine(m_list, name);
+        addElidedLine(m_list, m_names->itemText(position));
         emit changed();
     }
     if (change.message) showMessage(window(), *change.message);
+}
+
+void TakenDrugs::describeChosen()
+{
+    if (m_names) emit descriptionRequested(medicine(m_names->chosenIndex()), m_names->currentText());
 }
 
 void TakenDrugs::removeSelected()

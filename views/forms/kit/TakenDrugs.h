@@ -1,7 +1,7 @@
 // TakenDrugs: the "Szedett gyógyszerek:" panel the interaction and side-effect windows share: the list
 // of the drugs added through the window, with its delete and clear buttons, kept in step with the
-// shared selection (SzedettGy). Each window's list shows only what was added through it; the selection
-// behind them is one.
+// shared selection (SzedettGy), and the medicines name list the drugs are picked from. Each window's
+// list shows only what was added through it; the selection behind them is one.
 #pragma once
 
 #include <QWidget>
@@ -18,6 +18,8 @@ struct SharedState;
 
 namespace rovanel::forms
 {
+
+class NameList;
 
 class TakenDrugs : public QWidget
 {
@@ -36,9 +38,17 @@ public:
 
     [[nodiscard]] QListWidget* list() const { return m_list; }
 
-    // AddSzGy: adds product `record` under `name` (silently nothing when it is there already; the
+    // The medicines name list the drugs are picked from (item index = list position); a double click on
+    // its edit line adds the drug it names.
+    void pickFrom(NameList* names);
+    // Fills that name list with the medicines (the window's first showing).
+    void fillNames();
+
+    // AddSzGy: adds the drug the name list names (silently nothing when it is there already; the
     // limit's message when the list is full).
-    void add(rovanel::ProductRecord record, const QString& name);
+    void addChosen();
+    // The name list's "Megnéz": asks for the description of the drug it names.
+    void describeChosen();
     // The delete button: removes the selected line, or asks for one.
     void removeSelected();
     // The clear button: empties the list and the selection's drugs.
@@ -47,14 +57,20 @@ public:
 signals:
     // The drugs taken changed: the window's results no longer hold.
     void changed();
-    // A line was double-clicked: show that drug's description.
+    // A line was double-clicked, or describeChosen(): show that drug's description.
     void descriptionRequested(rovanel::ProductRecord record, const QString& caption);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void lineDoubleClicked();
+    // The product record of the name list's item `position`.
+    [[nodiscard]] rovanel::ProductRecord medicine(int position) const;
 
     rovanel::SharedState& m_state;
     QListWidget* m_list = nullptr;
+    NameList* m_names = nullptr;
 };
 
 }  // namespace rovanel::forms
