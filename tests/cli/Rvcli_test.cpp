@@ -71,7 +71,7 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
     struct Case {
         std::string arguments;
         int exitCode;
-        std::string out;     // UTF-8: a part of standard output and error together
+        std::string out;     // UTF-8: found in standard output and error together
         bool whole = false;  // `out` is the whole standard output
     };
     const Case cases[] = {
