@@ -125,6 +125,9 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
          true},
         {"detailed $DETAILED N", 0, "Nincs ilyen,vagy minden kiszer. TT\n"},  // on standard error
         {"detailed $DETAILED N", 0, "", true},
+        // By full price BETA (999) comes before ALFA (1000), the last line: in the plain order they swap.
+        {"detailed $DETAILED c08ca01 --sort 1", 0,
+         "210751401\t1\t-\t-\t-\tNORM\t\t3\t123456\t0\t0\t0\t-\tC08CA01\tNEM ÉRT.\nALFA 5 MG\t"},
         {"detailed $DETAILED C08CA01 --mode 2 --row 2", 0, "\nEPSZILON 5 MG\t"},  // ALFA's fixed group
         {"row $DETAILED 0", 0, "0\tNév - kiszerelés\tALFA 5 MG\n1\tTeljes ár\t1000\n"},
         {"check $ENGINE 0 2", 0,
