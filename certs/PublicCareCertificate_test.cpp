@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "db/Cp1250.h"
+#include "db/DataFile.h"
+#include "db/TextList.h"
 #include "tests/support/ScratchDirectory.h"
 
 namespace rovanel
@@ -99,7 +101,7 @@ TEST(PublicCareCertificate, TextLineByLineWithMissingIniValuesAndNoList)
     EXPECT_FALSE(certificate.paragraphs[2].heading);
 }
 
-TEST(PublicCareCertificate, OneLineAProductInListOrderWithIniValues)
+TEST(PublicCareCertificate, ProductsInListOrderWithIniValues)
 {
     testing::ScratchDirectory directory;
     directory.write("beteg.ini",
@@ -121,24 +123,18 @@ TEST(PublicCareCertificate, OneLineAProductInListOrderWithIniValues)
                                                 "ÁNTSZ engedély száma: 99",
                                                 "Rendelő/munkahely neve, címe: Rendelő, Budapest",
                                                 "Telefonszáma: 1-234"};
-    const std::string first = "C08CA01;1234567;Norvasc 5 mg tabletta 30x;tabletta;amlodipin \r\n";
-    const std::string second =
-        utf8ToCp1250("A02BC01;7654321;Omeprazol kapszula;kemény kapszula;omeprazol\r\n");
-
-    directory.write("kgy.txt", first);
-    PublicCareCertificate one =
+    directory.write("kgy.txt",
+                    utf8ToCp1250("C08CA01;1234567;Norvasc 5 mg tabletta 30x;tabletta;amlodipin \r\n"
+                                 "A02BC01;7654321;Omeprazol kapszula;kemény kapszula;omeprazol\r\n"));
+    const PublicCareCertificate certificate =
         buildPublicCareCertificate(directory.path() / "kgy.txt", directory.path() / "beteg.ini", "20261123");
-    EXPECT_FALSE(one.message);
+    EXPECT_FALSE(certificate.message);
     const auto norvasc =
         productLines("C08CA01", "1234567", "Norvasc 5 mg tabletta 30x", "tabletta", "amlodipin ");
-    EXPECT_EQ(textLines(one), joined({kHead, patient, kPurposes, norvasc, tail(physician)}));
-
-    directory.write("kgy.txt", first + second);
-    PublicCareCertificate two =
-        buildPublicCareCertificate(directory.path() / "kgy.txt", directory.path() / "beteg.ini", "20261123");
     const auto omeprazol =
         productLines("A02BC01", "7654321", "Omeprazol kapszula", "kemény kapszula", "omeprazol");
-    EXPECT_EQ(textLines(two), joined({kHead, patient, kPurposes, norvasc, omeprazol, tail(physician)}));
+    EXPECT_EQ(textLines(certificate),
+              joined({kHead, patient, kPurposes, norvasc, omeprazol, tail(physician)}));
 }
 
 TEST(PublicCareList, LinesAreSplitAsStrtokSplitsThem)
@@ -206,6 +202,31 @@ TEST(CertificateLayout, LongParagraphsWrapAndPagesFollowOneAnother)
     for (const PrintPage& page : layout.pages)
         for (const PrintItem& item : page.items)
             EXPECT_LE(item.top + 16, static_cast<int>(kA4HeightUnits) - 76);
+}
+
+const PublicCareEntry kAmlodipin{"C08CA-01", "210751477", "AMLODIPIN 5 MG TABLETTA 30X", "3", "amlodipin "};
+
+TEST(PublicCareList, ARefusedWriteSaysWhyAndLosesNothing)
+{
+    testing::ScratchDirectory directory;
+    directory.write("kgy.txt", "A;1;X;2;y\r\n");
+    directory.write("blocker", "a file where a folder should be");
+    const auto error = appendPublicCareEntry(directory.path() / "blocker" / "kgy.txt", kAmlodipin);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->rfind("A k\xF6zgy\xF3gy lista nem \xEDrhat\xF3: ", 0), 0u);
+    EXPECT_EQ(readWholeFile(directory.path() / "kgy.txt").value_or(""), "A;1;X;2;y\r\n");
+}
+
+TEST(PublicCareList, IngredientIsTheTreeTextBeforeItsParenthesis)
+{
+    const std::vector<TreeNode> tree = {
+        {0, "Kardiovaszkul\xE1ris rendszer (C)"}, {1, "amlodipin (C08CA01)"}, {1, "valami"}};
+    TextList codes;
+    for (const char* code : {"C", "C08CA-01", "C08CA-02", "C08CA-03"}) codes.push_back(code);
+    EXPECT_EQ(publicCareIngredient(tree, codes, "C08CA-01"), "amlodipin ");
+    EXPECT_EQ(publicCareIngredient(tree, codes, "C08CA-02"), "valami");
+    EXPECT_EQ(publicCareIngredient(tree, codes, "C08CA-03"), "");  // beyond the tree's nodes
+    EXPECT_EQ(publicCareIngredient(tree, codes, "N"), "");
 }
 
 }  // namespace

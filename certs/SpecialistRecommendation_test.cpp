@@ -47,37 +47,26 @@ TEST(SpecialistRecommendation, FillTakesTheSupportFieldsFromTheTitleText)
 {
     struct Case {
         const char* what;
-        std::string titleText;
-        std::string atc;
-        std::vector<std::string> line;
+        std::string titleText, atc;
+        std::string line;  // the drug line's cells joined by '|'
     };
+    const std::string todo = "KITÖLTENDŐ|KITÖLTENDŐ|KITÖLTENDŐ|";  // strength, route, dosage
     const Case cases[] = {
-        {"increased support: rate and indication number",
-         "90%  EÜ12345678",
-         "C08CA01",
-         {"I1000", "amlodipin", "KITÖLTENDŐ", "KITÖLTENDŐ", "KITÖLTENDŐ", "90%", "EÜ12345678", "",
-          "KITÖLTENDŐ"}},
-        {"highlighted support: 100%",
-         "100% K123456789012",
-         "C08CA01",
-         {"I1000", "amlodipin", "KITÖLTENDŐ", "KITÖLTENDŐ", "KITÖLTENDŐ", "", "", "K123456789",
-          "KITÖLTENDŐ"}},
-        {"a short title text",
-         "50%",
-         "C08",
-         {"I1000", "Kalciumcsatorna-blokkolók", "KITÖLTENDŐ", "KITÖLTENDŐ", "KITÖLTENDŐ", "50%", "", "",
-          "KITÖLTENDŐ"}},
-        {"an unknown ATC code",
-         "",
-         "X99",
-         {"I1000", "a hatoanyag", "KITÖLTENDŐ", "KITÖLTENDŐ", "KITÖLTENDŐ", "", "", "", "KITÖLTENDŐ"}},
+        {"increased support: rate and indication number", "90%  EÜ12345678", "C08CA01",
+         "I1000|amlodipin|" + todo + "90%|EÜ12345678||KITÖLTENDŐ"},
+        {"highlighted support: 100%", "100% K123456789012", "C08CA01",
+         "I1000|amlodipin|" + todo + "||K123456789|KITÖLTENDŐ"},
+        {"a short title text", "50%", "C08", "I1000|Kalciumcsatorna-blokkolók|" + todo + "50%|||KITÖLTENDŐ"},
+        {"an unknown ATC code", "", "X99", "I1000|a hatoanyag|" + todo + "|||KITÖLTENDŐ"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         Fixture fixture;
         RecommendationGrids grids;
         EXPECT_FALSE(fixture.fill(grids, utf8ToCp1250(c.titleText), c.atc));
-        EXPECT_EQ(row(grids, 1), c.line);
+        std::string line;
+        for (const std::string& cell : row(grids, 1)) line += (line.empty() ? "" : "|") + cell;
+        EXPECT_EQ(line, c.line);
         EXPECT_EQ(row(grids, 2), std::vector<std::string>(9));
     }
 }
@@ -121,54 +110,44 @@ TEST(SpecialistRecommendation, AFullGridTakesNoTenthLine)
 
 TEST(SpecialistRecommendation, RowOperations)
 {
-    const auto lines = [](std::initializer_list<const char*> firstCells) {
+    // The heading line and the drug lines given by their first cells (the second is the first + "-ha"),
+    // and after the operation all lines' two cells up to the last line that is not empty.
+    const auto grid = [](std::initializer_list<const char*> firstCells) {
         RecommendationGrids grids;
         grids.gg[0][0] = "BNO";
         std::size_t r = 1;
-        for (const char* cell : firstCells) {
-            grids.gg[r][0] = cell;
-            grids.gg[r][1] = std::string(cell) + "-ha";
-            ++r;
-        }
+        for (const char* cell : firstCells)
+            grids.gg[r][0] = cell, grids.gg[r++][1] = std::string(cell) + "-ha";
         return grids;
     };
-    const auto firstCells = [](const RecommendationGrids& grids) {
-        std::vector<std::string> cells;
-        for (const auto& r : grids.gg) cells.push_back(r[0] + "|" + r[1]);
-        return cells;
+    const auto lines = [](const RecommendationGrids& grids) {
+        std::string text;
+        for (const auto& line : grids.gg) text += (text.empty() ? "" : " ") + line[0] + "|" + line[1];
+        while (text.ends_with(" |")) text.resize(text.size() - 2);
+        return text;
     };
     struct Case {
         const char* what;
         RecommendationGrids grids;
         void (*operation)(RecommendationGrids&);
-        std::vector<std::string> expected;
-    };
-    const std::vector<std::string> none(10, "|");
-    const auto with = [&none](std::initializer_list<const char*> cells) {
-        std::vector<std::string> result = none;
-        result[0] = "BNO|";
-        std::size_t r = 1;
-        for (const char* cell : cells) result[r++] = std::string(cell) + "|" + cell + "-ha";
-        return result;
+        const char* expected;
     };
     const Case cases[] = {
-        {"first line deleted, the rest move up", lines({"A", "B", "C"}), deleteFirstDrugLine,
-         with({"B", "C"})},
-        {"first line deleted from a full grid", lines({"A", "B", "C", "D", "E", "F", "G", "H", "I"}),
-         deleteFirstDrugLine, with({"B", "C", "D", "E", "F", "G", "H", "I"})},
-        {"last line deleted", lines({"A", "B", "C"}), deleteLastDrugLine, with({"A", "B"})},
-        {"last line of a full grid deleted", lines({"A", "B", "C", "D", "E", "F", "G", "H", "I"}),
-         deleteLastDrugLine, with({"A", "B", "C", "D", "E", "F", "G", "H"})},
-        {"no line: the heading stays", lines({}), deleteLastDrugLine, with({})},
-        {"a line with an empty first cell ends the lines",
-         lines({"A", "", "C"}),
-         deleteLastDrugLine,
-         {"BNO|", "|", "|-ha", "C|C-ha", "|", "|", "|", "|", "|", "|"}},
+        {"first line deleted, the rest move up", grid({"A", "B", "C"}), deleteFirstDrugLine,
+         "BNO| B|B-ha C|C-ha"},
+        {"first line deleted from a full grid", grid({"A", "B", "C", "D", "E", "F", "G", "H", "I"}),
+         deleteFirstDrugLine, "BNO| B|B-ha C|C-ha D|D-ha E|E-ha F|F-ha G|G-ha H|H-ha I|I-ha"},
+        {"last line deleted", grid({"A", "B", "C"}), deleteLastDrugLine, "BNO| A|A-ha B|B-ha"},
+        {"last line of a full grid deleted", grid({"A", "B", "C", "D", "E", "F", "G", "H", "I"}),
+         deleteLastDrugLine, "BNO| A|A-ha B|B-ha C|C-ha D|D-ha E|E-ha F|F-ha G|G-ha H|H-ha"},
+        {"no line: the heading stays", grid({}), deleteLastDrugLine, "BNO|"},
+        {"a line with an empty first cell ends the lines", grid({"A", "", "C"}), deleteLastDrugLine,
+         "BNO| | |-ha C|C-ha"},
     };
     for (Case c : cases) {
         SCOPED_TRACE(c.what);
         c.operation(c.grids);
-        EXPECT_EQ(firstCells(c.grids), c.expected);
+        EXPECT_EQ(lines(c.grids), c.expected);
     }
 }
 

@@ -37,85 +37,79 @@ struct Product {
     }
 };
 
-DetailedRow rowOf(const Product& product, FixedGroupState& groups, ListingMode mode = ListingMode::Plain)
+// The cells of `columns` in UTF-8 joined by '|', and the fixed groups seen, of the product's row.
+std::string cellsOf(const Product& product, const std::vector<int>& columns, FixedGroupState& groups)
 {
-    auto row = GetDailyPrice(product.lines(), 42, "AMLODIPIN 5 MG", mode, false, groups);
+    const auto row = GetDailyPrice(product.lines(), 42, "AMLODIPIN 5 MG", ListingMode::Plain, false, groups);
     EXPECT_TRUE(row.has_value());
-    return row.value_or(DetailedRow{});
+    std::string cells;
+    for (const int column : columns)
+        cells += (column == columns.front() ? "" : "|") + cp1250ToUtf8(row ? row->cells[column] : "?");
+    return cells;
 }
 
 TEST(GetDailyPrice, PricesAndDailyCostsFollowTheirFormats)
 {
     struct Case {
         const char* what;
-        std::string product;  // full price|normative support|doses|supports
-        std::vector<std::pair<int, std::string>> cells;
+        Product product;
+        const char* cells;  // full price, normative support, payable, daily cost; the same three for the
+                            // increased support and for the highlighted support
     };
     const Case cases[] = {
-        {"plain normative support", "1000|800|10|-", {{1, "1000"}, {2, "800"}, {3, "200"}, {4, "20.0"}}},
-        {"full price 0: payable 0, no daily cost", "0|0|10|-", {{2, ""}, {3, "0"}, {4, ""}}},
-        {"normative support 0 shows empty", "1000|0|3|-", {{2, ""}, {3, "1000"}, {4, "333.3"}}},
-        {"dose count with a decimal comma", "1000|400|1,5|-", {{3, "600"}, {4, "400.0"}}},
-        {"no doses: no daily cost", "1000|400|0|-", {{3, "600"}, {4, ""}}},
-        {"support above the price: no daily cost", "1000|1200|10|-", {{3, "-200"}, {4, ""}}},
-        {"payable keeps only its integer part", "999.9|0.5|2|-", {{3, "999"}, {4, "499.5"}}},
+        {"plain normative support", {}, "1000|800|200|20.0||||||"},
+        {"full price 0: payable 0, no daily cost", {.price = "0", .normative = "0"}, "0||0|||||||"},
+        {"normative support 0 shows empty", {.normative = "0", .doses = "3"}, "1000||1000|333.3||||||"},
+        {"dose count with a decimal comma", {.normative = "400", .doses = "1,5"}, "1000|400|600|400.0||||||"},
+        {"no doses: no daily cost", {.normative = "400", .doses = "0"}, "1000|400|600|||||||"},
+        {"support above the price: no daily cost", {.normative = "1200"}, "1000|1200|-200|||||||"},
+        {"payable keeps only its integer part",
+         {.price = "999.9", .normative = "0.5", .doses = "2"},
+         "999.9|0.5|999|499.5||||||"},
         {"increased support above the full price goes negative",
-         "1000|800|10|_EU1/a 1500",
-         {{7, "1500"}, {8, "-500"}, {9, "-50.0"}, {12, ""}}},
-        {"highlighted support", "1000|800|4|EU5 700", {{7, ""}, {12, "700"}, {13, "300"}, {14, "75.0"}}},
+         {.supports = "_EU1/a 1500"},
+         "1000|800|200|20.0|1500|-500|-50.0|||"},
+        {"highlighted support", {.doses = "4", .supports = "EU5 700"}, "1000|800|200|50.0||||700|300|75.0"},
         {"a later entry of a kind wins",
-         "1000|800|10|_A 100,&B 200,C 300,D 400",
-         {{7, "200"}, {8, "800"}, {12, "400"}, {13, "600"}}},
+         {.supports = "_A 100,&B 200,C 300,D 400"},
+         "1000|800|200|20.0|200|800|80.0|400|600|60.0"},
         {"increased support without doses: no daily cost",
-         "1000|800|0|*E 100",
-         {{7, "100"}, {8, "900"}, {9, ""}}},
-        {"support amount 0 leaves the cells empty", "1000|800|10|_A 0", {{7, ""}, {8, ""}, {9, ""}}},
+         {.doses = "0", .supports = "*E 100"},
+         "1000|800|200||100|900||||"},
+        {"support amount 0 leaves the cells empty", {.supports = "_A 0"}, "1000|800|200|20.0||||||"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        Product product;
-        std::istringstream fields(c.product);
-        for (std::string* field : {&product.price, &product.normative, &product.doses, &product.supports})
-            std::getline(fields, *field, '|');
         FixedGroupState groups;
-        const DetailedRow row = rowOf(product, groups);
-        for (const auto& [column, text] : c.cells) EXPECT_EQ(row.cells[column], text) << "column " << column;
+        EXPECT_EQ(cellsOf(c.product, {1, 2, 3, 4, 7, 8, 9, 12, 13, 14}, groups), c.cells);
     }
 }
 
 TEST(GetDailyPrice, CategoriesGroupsAndTfxWords)
 {
     struct Case {
-        std::string categories, ids[3];
-        std::string r, rtk, rtm, normfix, euemfix, eukiemfix, tfx;
+        Product product;
+        const char* cells;  // categories (R, RTK, RTM), their fixed-group ids, the TFX words
         std::array<bool, 3> seen;
     };
     const Case cases[] = {
-        {"155", {"0", "0", "0"}, "1", "", "", "", "", "", "", {false, false, false}},
-        {"-33", {"12", "22", "32"}, "", "", "", "12", "22", "32", "", {false, false, false}},
-        {"-23", {"0", "0", "0"}, "", "", "", "", "", "", "", {false, false, false}},
-        {"333", {"12", "22", "32"}, "3", "3", "3", "12", "22", "32", "NORM,EUTK,EUTM", {true, true, true}},
-        {"356", {"12", "0", "0"}, "3", "", "", "12", "", "", "NORM", {true, false, false}},
-        {"563", {"0", "0", "0415"}, "", "", "3", "", "", "0415", "EUTM", {false, false, true}},
-        {"636", {"0", "22", "0"}, "", "3", "", "", "22", "", "EUTK", {false, true, false}},
-        {"1--", {"0", "0", "0"}, "1", "-", "-", "", "", "", "", {false, false, false}},
-        {"2", {"0", "0", "0"}, "2", "", "", "", "", "", "", {false, false, false}},
-        {"424", {"0", "0", "0"}, "4", "2", "4", "", "", "", "", {false, false, false}},
+        {{.categories = "155"}, "1||||||", {false, false, false}},
+        {{.categories = "-33", .ids = {"12", "22", "32"}}, "|||12|22|32|", {false, false, false}},
+        {{.categories = "-23"}, "||||||", {false, false, false}},
+        {{.categories = "333", .ids = {"12", "22", "32"}},
+         "3|3|3|12|22|32|NORM,EUTK,EUTM",
+         {true, true, true}},
+        {{.categories = "356", .ids = {"12", "0", "0"}}, "3|||12|||NORM", {true, false, false}},
+        {{.categories = "563", .ids = {"0", "0", "0415"}}, "||3|||0415|EUTM", {false, false, true}},
+        {{.categories = "636", .ids = {"0", "22", "0"}}, "|3|||22||EUTK", {false, true, false}},
+        {{.categories = "1--"}, "1|-|-||||", {false, false, false}},
+        {{.categories = "2"}, "2||||||", {false, false, false}},
+        {{.categories = "424"}, "4|2|4||||", {false, false, false}},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.categories);
-        Product product;
-        product.categories = c.categories;
-        for (int i = 0; i < 3; ++i) product.ids[i] = c.ids[i];
+        SCOPED_TRACE(c.product.categories);
         FixedGroupState groups;
-        const DetailedRow row = rowOf(product, groups);
-        EXPECT_EQ(row.cells[5], c.r);
-        EXPECT_EQ(row.cells[10], c.rtk);
-        EXPECT_EQ(row.cells[15], c.rtm);
-        EXPECT_EQ(row.cells[6], c.normfix);
-        EXPECT_EQ(row.cells[11], c.euemfix);
-        EXPECT_EQ(row.cells[16], c.eukiemfix);
-        EXPECT_EQ(row.cells[25], c.tfx);
+        EXPECT_EQ(cellsOf(c.product, {5, 10, 15, 6, 11, 16, 25}, groups), c.cells);
         EXPECT_EQ(groups.seen, c.seen);
     }
 }
@@ -123,35 +117,25 @@ TEST(GetDailyPrice, CategoriesGroupsAndTfxWords)
 TEST(GetDailyPrice, WordsAndMarks)
 {
     struct Case {
-        const char* what;
-        std::string dispensing, publicCare, deleted, fresh, rating;
-        std::string rend, kgy, tk, uj, dot;
+        Product product;
+        const char* cells;  // dispensing word, public care, TT, new, DOT rating
     };
     const Case cases[] = {
-        {"VN", "1", "1", "1", "0", "-1", "VN", "I", "TT", "*", "C.É. ALATT"},
-        {"V", "2", "0", "0", "1", "0", "V", "", "", "", "NEM ÉRT."},
-        {"KP", "3", "2", "2", "2", "1", "KP", "", "", "", "C.É. FÖLÖTT"},
-        {"Abusus", "4", "0", "0", "1", "2", "Abusus", "", "", "", "2"},
-        {"Uj", "5", "0", "0", "1", "-", "Uj", "", "", "", "-"},
-        {"I", "8", "0", "0", "1", "0", "I", "", "", "", "NEM ÉRT."},
-        {"9 is no word", "9", "0", "0", "1", "0", "", "", "", "", "NEM ÉRT."},
-        {"two digits are no word", "12", "0", "0", "1", "0", "", "", "", "", "NEM ÉRT."},
+        {{.dispensing = "1", .publicCare = "1", .deleted = "1", .fresh = "0", .rating = "-1"},
+         "VN|I|TT|*|C.É. ALATT"},
+        {{.dispensing = "2", .rating = "0"}, "V||||NEM ÉRT."},
+        {{.dispensing = "3", .publicCare = "2", .deleted = "2", .fresh = "2", .rating = "1"},
+         "KP||||C.É. FÖLÖTT"},
+        {{.dispensing = "4", .rating = "2"}, "Abusus||||2"},
+        {{.dispensing = "5", .rating = "-"}, "Uj||||-"},
+        {{.dispensing = "8"}, "I||||NEM ÉRT."},
+        {{.dispensing = "9"}, "||||NEM ÉRT."},   // 9 is no word
+        {{.dispensing = "12"}, "||||NEM ÉRT."},  // nor are two digits
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        Product product;
-        product.dispensing = c.dispensing;
-        product.publicCare = c.publicCare;
-        product.deleted = c.deleted;
-        product.fresh = c.fresh;
-        product.rating = c.rating;
+        SCOPED_TRACE(c.product.dispensing);
         FixedGroupState groups;
-        const DetailedRow row = rowOf(product, groups);
-        EXPECT_EQ(row.cells[17], c.rend);
-        EXPECT_EQ(row.cells[18], c.kgy);
-        EXPECT_EQ(row.cells[19], c.tk);
-        EXPECT_EQ(row.cells[26], c.uj);
-        EXPECT_EQ(row.cells[34], utf8ToCp1250(c.dot));
+        EXPECT_EQ(cellsOf(c.product, {17, 18, 19, 26, 34}, groups), c.cells);
     }
 }
 

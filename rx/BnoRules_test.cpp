@@ -91,7 +91,7 @@ TEST(BnoCheck, LinesAreReadThroughTheirBuffer)
     EXPECT_EQ(text(checkBnoText(rules, {"EU11", ""}, "AAAAA", false, 3).message), "accepted");
 }
 
-TEST(BnoCodeList, LinesCarryCodeRateAndKey)
+TEST(BnoCodeList, LinesCarryCodeRateAndKeyOrTheMessage)
 {
     const BnoCodeList free = bnoCodeListText(kRules, {"EU10", "_EU13/b"}, false);
     ASSERT_FALSE(free.message);
@@ -105,10 +105,7 @@ TEST(BnoCodeList, LinesCarryCodeRateAndKey)
     EXPECT_EQ(keyOfListLine(fee.lines[0]), "_EU13/b");
     EXPECT_EQ(keyOfListLine(free.lines[0]), "EU10");
     EXPECT_EQ(keyOfListLine("garbage"), "");
-}
-
-TEST(BnoCodeList, NothingListedGivesTheMessage)
-{
+    // Nothing listed: the message says why.
     EXPECT_EQ(text(bnoCodeListText(kRules, {"EU99", ""}, false).message), "Hiba: Nincs hozzárendelt BNO kód");
     EXPECT_EQ(text(bnoCodeListText(kRules, {"", ""}, false).message),
               "Nem rendelhető rendelet szerinti támogatással.");

@@ -104,11 +104,14 @@ TEST(PrescriptionLayout, FormatChoosesLayoutCaptionAndOrientation)
         const char* caption;
         PageOrientation orientation;
         bool hasRecommendationBoxes;
+        const char* formatCaption;
     };
     const Case cases[] = {
-        {RxFormat::Old, "TRp3", "Recept - régi formátum", PageOrientation::Upright, false},
-        {RxFormat::NewUpright, "TRp2", "Recept", PageOrientation::Upright, true},
-        {RxFormat::NewSideways, "TRp2", "Recept", PageOrientation::Sideways, true},
+        {RxFormat::Old, "TRp3", "Recept - régi formátum", PageOrientation::Upright, false,
+         "Recept formátum: Régi"},
+        {RxFormat::NewUpright, "TRp2", "Recept", PageOrientation::Upright, true, "Recept formátum: Új álló"},
+        {RxFormat::NewSideways, "TRp2", "Recept", PageOrientation::Sideways, true,
+         "Recept formátum: Új fekvő"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -118,6 +121,7 @@ TEST(PrescriptionLayout, FormatChoosesLayoutCaptionAndOrientation)
         EXPECT_EQ(layout.orientation, c.orientation);
         EXPECT_EQ(findItem(layout, "Psz") != nullptr, c.hasRecommendationBoxes);
         EXPECT_EQ(layout.pages.size(), 1u);
+        EXPECT_EQ(cp1250ToUtf8(rxFormatCaption(c.format)), c.formatCaption);
     }
 }
 
@@ -253,13 +257,6 @@ TEST(RxPrintSettings, AMissingSettingKeepsItsDefaultAndReportsTheError)
     EXPECT_EQ(cp1250ToUtf8(read.error->text), kRegistryNotFoundText);
     EXPECT_EQ(read.settings.margins, RxMargins{});
     EXPECT_TRUE(writeRxMargins(*store, RxMargins{}));  // a writer never creates a missing setting
-}
-
-TEST(RxFormatCaption, NamesTheChosenFormat)
-{
-    EXPECT_EQ(cp1250ToUtf8(rxFormatCaption(RxFormat::Old)), "Recept formátum: Régi");
-    EXPECT_EQ(cp1250ToUtf8(rxFormatCaption(RxFormat::NewUpright)), "Recept formátum: Új álló");
-    EXPECT_EQ(cp1250ToUtf8(rxFormatCaption(RxFormat::NewSideways)), "Recept formátum: Új fekvő");
 }
 
 }  // namespace

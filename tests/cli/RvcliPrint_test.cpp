@@ -1,8 +1,9 @@
-// rvcli print-rx, certificate and recommendation run as a program: PDFs read back by poppler with each
-// value at its place, and the texts as the windows build them.
+// rvcli print-rx, certificate and recommendation writing PDFs: read back by poppler, each value at its
+// place, print-rx's margins applied to the chosen format's own pair; an unwritable PDF is refused.
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "db/Cp1250.h"
 #include "rx/PrintLayout.h"
@@ -14,135 +15,71 @@
 namespace
 {
 
-using rovanel::kMillimetresPerLayoutUnit;
-using rovanel::testing::pdfWords;
 using rovanel::testing::rvcli;
-using rovanel::testing::textAt;
 
-constexpr double mm(int units) { return units * kMillimetresPerLayoutUnit; }
+constexpr double mm(int units) { return units * rovanel::kMillimetresPerLayoutUnit; }
 
-TEST(RvcliPrintRx, EachFormatsPdfHasTheValuesInTheirBoxesShiftedByTheMargins)
-{
-    rovanel::testing::ScratchDirectory directory;
-    directory.write("beteg.ini",
-                    rovanel::utf8ToCp1250("[BetegAdatok]\nBeteg neve=Kiss Éva\nBeteg TAJ=123456789\n"
-                                          "Beteg bno=J4500\nBeteg szul=19500304\n"));
-    struct Case {
-        const char* format;
-        const char* margins;
-        int nameLeft, nameTop, tajLeft, tajTop, titleLeft, titleTop;
-    };
-    const Case cases[] = {
-        {"0", "--left -12 --top 20", 26, 176, 26, 280, 200 - 12, 287 + 20},
-        {"1", "", 198, 164, 198, 268, 228 + 160, 294 + 8},
-        {"2", "--left 600 --top -4", 638, 152, 638, 256, 228 + 600, 294 - 4},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.format);
-        const std::string pdf = (directory.path() / "rx.pdf").string();
-        ASSERT_EQ(rvcli("print-rx " + (directory.path() / "beteg.ini").string() + " --format " + c.format +
-                        " " + c.margins + " --title 2 --drug Algopyrin --pdf " + pdf)
-                      .exitCode,
-                  0);
-        ROVANEL_SKIP_READING_PDF();
-        const auto words = pdfWords(pdf);
-        ASSERT_FALSE(words.empty()) << "pdftotext (poppler-utils) is needed";
-        EXPECT_EQ(textAt(words, mm(c.nameLeft), mm(c.nameTop)), "Kiss Éva");
-        EXPECT_EQ(textAt(words, mm(c.tajLeft), mm(c.tajTop)), "1 2 3 4 5 6 7 8 9");
-        EXPECT_EQ(textAt(words, mm(c.titleLeft), mm(c.titleTop)), "X");
-    }
-}
-
-TEST(RvcliPrintRx, ASavedDrugRecordIsPrintedAsTheWindowPrintsIt)
-{
-    rovanel::testing::ScratchDirectory directory;
-    directory.write("beteg.ini", "[BetegAdatok]\nBeteg bno=I10H0\n");
-    directory.write("record.txt",
-                    "210751477;C08CA-0103;Algopyrin 500 mg;1;II;duo;D.S.: naponta 3x1;;20261101;"
-                    "J4500;4~\r\n");
-    const std::string pdf = (directory.path() / "rx.pdf").string();
-    ASSERT_EQ(rvcli("print-rx " + (directory.path() / "beteg.ini").string() +
-                    " --format 1 --left 0 --top 0 --record " + (directory.path() / "record.txt").string() +
-                    " --pdf " + pdf)
-                  .exitCode,
-              0);
-    EXPECT_EQ(rvcli("print-rx x.ini --format 1 --record " + (directory.path() / "none").string()).exitCode,
-              1);
-    ROVANEL_SKIP_READING_PDF();
-    const auto words = pdfWords(pdf);
-    ASSERT_FALSE(words.empty()) << "pdftotext (poppler-utils) is needed";
-    EXPECT_EQ(textAt(words, mm(38), mm(360)), "Algopyrin 500 mg");
-    EXPECT_EQ(textAt(words, mm(176), mm(260)), "J 4 5 0 0");
-    EXPECT_EQ(textAt(words, mm(256), mm(260)), "2 0 2 6 1 1 0 1");
-    EXPECT_EQ(textAt(words, mm(332), mm(294)), "X");  // title 4: Eü. kiemelt
-    EXPECT_EQ(textAt(words, mm(410), mm(260)), "X");  // not substitutable
-}
-
-TEST(RvcliPrintRx, WrongArgumentsAndUnwritablePdfsAreRefused)
-{
-    rovanel::testing::ScratchDirectory directory;
-    directory.write("file", "");
-    EXPECT_EQ(rvcli("print-rx x.ini").exitCode, 2);
-    EXPECT_EQ(rvcli("print-rx x.ini --format 3").exitCode, 2);
-    EXPECT_EQ(rvcli("print-rx x.ini --format 1 --left x").exitCode, 2);
-    const auto refused =
-        rvcli("print-rx x.ini --format 1 --pdf " + (directory.path() / "file" / "a.pdf").string(), true);
-    EXPECT_EQ(refused.exitCode, 2);
-    EXPECT_NE(refused.out.find("A PDF fájl nem írható: "), std::string::npos);
-}
-
-TEST(RvcliCertificate, TextAndPdfOfTheCertificate)
-{
-    rovanel::testing::ScratchDirectory directory;
-    directory.write("kgy.txt", "C08CA01;1234567;Norvasc 5 mg;tabletta;amlodipin \r\n");
-    const std::string ini = (directory.path() / "none.ini").string();
-    const auto text =
-        rvcli("certificate " + ini + " " + (directory.path() / "kgy.txt").string() + " --date 20261123");
-    EXPECT_EQ(text.exitCode, 0);
-    EXPECT_NE(text.out.find("\nNeve: Beteg neve\n"), std::string::npos);
-    EXPECT_NE(text.out.find("\nATC: C08CA01\nttt: 1234567\nGyógyszer: Norvasc 5 mg\n"), std::string::npos);
-    EXPECT_NE(text.out.find("\n2026.11.23.\nP. H.\n"), std::string::npos);
-
-    const auto empty = rvcli("certificate " + ini + " " + (directory.path() / "none.txt").string(), true);
-    EXPECT_EQ(empty.out.rfind("Üres közgyógy lista\n", 0), 0u);
-
-    const std::string pdf = (directory.path() / "c.pdf").string();
-    ASSERT_EQ(rvcli("certificate " + ini + " " + (directory.path() / "kgy.txt").string() + " --pdf " + pdf)
-                  .exitCode,
-              0);
-    ROVANEL_SKIP_READING_PDF();
-    const auto words = pdfWords(pdf);
-    EXPECT_EQ(textAt(words, mm(76), mm(76 + 16 * 2)), "Neve: Beteg neve");
-    EXPECT_EQ(textAt(words, mm(76 + 55 * 8), mm(76)), "Háziorvosi igazolás");
-}
-
-TEST(RvcliRecommendation, FillsFromTheDatabaseAndPrintsThePage)
+TEST(RvcliPdf, ValuesStandInTheirBoxesShiftedByTheMargins)
 {
     rovanel::testing::SixProductDatabase database;
-    const std::string directory = database.write().string();
-    rovanel::testing::ScratchDirectory scratch;
-    scratch.write("beteg.ini", "[BetegAdatok]\nBeteg neve=Kiss Eva\nOrvosNeve=Dr. Szabo\n");
-    const std::string ini = (scratch.path() / "beteg.ini").string();
-    const auto items = rvcli("recommendation " + directory + " " + ini +
-                             " --atc C08CA01 --bno I1000 --title \"90%  EU1234\" --date 2026.11.23.");
-    EXPECT_EQ(items.exitCode, 0);
-    for (const char* line :
-         {"1\tBetnev\t280\t125\tKiss Eva\n", "1\tOrvNev\t280\t270\tDr. Szabo\n",
-          "1\tOrvTel\t280\t330\tKITÖLTENDŐ\n", "1\tha1\t80\t455\tamlodipin\n", "1\ttksz1\t480\t455\t90%\n",
-          "1\ttkp1\t545\t455\tEU1234\n", "1\tbno2\t30\t480\t\n", "1\tDatum\t60\t580\t2026.11.23.\n"})
-        EXPECT_NE(items.out.find(line), std::string::npos) << line;
+    const std::string six = database.write().string();
+    rovanel::testing::ScratchDirectory directory;
+    directory.write("beteg.ini", rovanel::utf8ToCp1250("[BetegAdatok]\nBeteg neve=Kiss Éva\n"
+                                                       "Beteg TAJ=123456789\nBeteg bno=I10H0\n"));
+    directory.write(
+        "record.txt",
+        "210751477;C08CA-0103;Algopyrin 500 mg;1;II;duo;D.S.: naponta 3x1;;20261101;J4500;4~\r\n");
+    directory.write("kgy.txt", "C08CA01;1234567;Norvasc 5 mg;tabletta;amlodipin \r\n");
+    directory.write("file", "");
+    const auto refused =
+        rvcli("print-rx x.ini --format 1 --pdf " + (directory.path() / "file/a.pdf").string(), true);
+    EXPECT_EQ(refused.exitCode, 2);
+    EXPECT_NE(refused.out.find("A PDF fájl nem írható: "), std::string::npos);
 
-    const std::string pdf = (scratch.path() / "r.pdf").string();
-    ASSERT_EQ(rvcli("recommendation " + directory + " " + ini + " --atc C08CA01 --pdf " + pdf).exitCode, 0);
+    struct Word {
+        int left, top;
+        const char* text;
+    };
+    struct Case {
+        std::string arguments;  // $D: the scratch directory
+        std::vector<Word> words;
+    };
+    const Case cases[] = {
+        {"print-rx $D/beteg.ini --format 0 --left -12 --top 20 --title 2",
+         {{26, 176, "Kiss Éva"}, {188, 307, "X"}}},
+        {"print-rx $D/beteg.ini --format 1 --title 2",
+         {{198, 164, "Kiss Éva"}, {198, 268, "1 2 3 4 5 6 7 8 9"}, {388, 302, "X"}}},
+        {"print-rx $D/beteg.ini --format 2 --left 600 --top -4 --title 2",
+         {{638, 152, "Kiss Éva"}, {828, 290, "X"}}},
+        // A saved drug record: its drug, BNO code, date and title (4: Eü. kiemelt) stand in; not
+        // substitutable.
+        {"print-rx $D/beteg.ini --format 1 --left 0 --top 0 --record $D/record.txt",
+         {{38, 360, "Algopyrin 500 mg"},
+          {176, 260, "J 4 5 0 0"},
+          {256, 260, "2 0 2 6 1 1 0 1"},
+          {332, 294, "X"},
+          {410, 260, "X"}}},
+        {"certificate $D/none.ini $D/kgy.txt",
+         {{76, 76 + 16 * 2, "Neve: Beteg neve"}, {76 + 55 * 8, 76, "Háziorvosi igazolás"}}},
+        {"recommendation " + six + " $D/beteg.ini --atc C08CA01",
+         {{280, 125, "Kiss Éva"}, {80, 455, "amlodipin"}}},
+    };
+    std::vector<std::string> pdfs;
+    for (const Case& c : cases) {
+        pdfs.push_back((directory.path() / ("out" + std::to_string(pdfs.size()) + ".pdf")).string());
+        std::string arguments = c.arguments + " --pdf " + pdfs.back();
+        for (std::size_t at; (at = arguments.find("$D")) != std::string::npos;)
+            arguments.replace(at, 2, directory.path().string());
+        EXPECT_EQ(rvcli(arguments).exitCode, 0) << arguments;
+    }
     ROVANEL_SKIP_READING_PDF();
-    const auto words = pdfWords(pdf);
-    EXPECT_EQ(textAt(words, mm(280), mm(125)), "Kiss Eva");
-    EXPECT_EQ(textAt(words, mm(80), mm(455)), "amlodipin");
-
-    scratch.remove("beteg.ini");
-    const auto missing =
-        rvcli("recommendation " + scratch.path().string() + " " + ini + " --atc C08CA01", true);
-    EXPECT_NE(missing.exitCode, 0);
+    for (std::size_t i = 0; i < pdfs.size(); ++i) {
+        SCOPED_TRACE(cases[i].arguments);
+        const auto words = rovanel::testing::pdfWords(pdfs[i]);
+        ASSERT_FALSE(words.empty()) << "pdftotext (poppler-utils) is needed";
+        for (const Word& word : cases[i].words)
+            EXPECT_EQ(rovanel::testing::textAt(words, mm(word.left), mm(word.top)), word.text);
+    }
 }
 
 }  // namespace
