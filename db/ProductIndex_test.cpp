@@ -28,7 +28,7 @@ protected:
     StartupTables m_tables;
 };
 
-TEST_F(ProductIndexTest, NameListsHoldEachGroupAndNeverTheOthers)
+TEST_F(ProductIndexTest, NameListsHoldEachGroupFromItsByteOffsetAndStopAtTheEndOfTheFile)
 {
     const auto medicines = nameListFill(m_tables, NameGroup::Medicines);
     ASSERT_EQ(medicines.size(), 3u);
@@ -38,20 +38,13 @@ TEST_F(ProductIndexTest, NameListsHoldEachGroupAndNeverTheOthers)
     EXPECT_EQ(recordOfListPosition(m_tables, NameGroup::Medicines, 2), 2);
     EXPECT_EQ(recordOfListPosition(m_tables, NameGroup::Nutrition, 0), 3);
     EXPECT_EQ(recordOfListPosition(m_tables, NameGroup::Nutrition, -1), -1);
-}
 
-TEST_F(ProductIndexTest, NutritionNamesStartAtTheirByteOffsetWhateverComesBefore)
-{
     // Medicine lines of the wrong length would move a line-counting reader; the fill seeks instead.
-    std::string nevrend = m_directory.read("nevrend.dat");
-    nevrend.replace(0, 50, std::string(48, 'Q') + "\r\n");
-    m_directory.write("nevrend.dat", nevrend);
+    const std::string nevrend = m_directory.read("nevrend.dat");
+    m_directory.write("nevrend.dat", std::string(48, 'Q') + "\r\n" + nevrend.substr(50));
     EXPECT_EQ(nameListFill(m_tables, NameGroup::Nutrition).front(), utf8ToCp1250("TÁPLÁLÓ ITAL 200 ML"));
-}
-
-TEST_F(ProductIndexTest, NameListsOfATruncatedFileStopAtItsEnd)
-{
-    m_directory.write("nevrend.dat", m_directory.read("nevrend.dat").substr(0, 120));
+    // A truncated file: the lists stop at its end.
+    m_directory.write("nevrend.dat", nevrend.substr(0, 120));
     EXPECT_EQ(nameListFill(m_tables, NameGroup::Medicines).size(), 3u) << "the third line is cut short";
     EXPECT_TRUE(nameListFill(m_tables, NameGroup::Nutrition).empty());
     m_directory.remove("nevrend.dat");
