@@ -23,8 +23,9 @@ protected:
     std::unique_ptr<RegistryStore> m_store = openRegistryFile(file());
 };
 
-const std::string kNotFound = utf8ToCp1250(kRegistryNotFoundText);
-const std::string kWrongType = utf8ToCp1250(kRegistryWrongTypeText);
+// The Windows system's own texts for the failures.
+const std::string kNotFound = utf8ToCp1250("A rendszer nem találja a megadott fájlt.");
+const std::string kWrongType = utf8ToCp1250("Az adat érvénytelen.");
 
 // A clean profile gets every default, one section a key with the value named by the full path; a second
 // start finds everything and changes nothing.
@@ -170,7 +171,7 @@ TEST_F(RegistryFile, StoreThatCannotBeWrittenGivesAccessDeniedAndTheFirstErrorEn
     std::filesystem::create_directories(file());  // a directory where the file should be
     const auto error = EnsureRegistryDefaults(*m_store);
     ASSERT_TRUE(error.has_value());
-    EXPECT_EQ(cp1250ToUtf8(error->text), kRegistryAccessDeniedText);
+    EXPECT_EQ(cp1250ToUtf8(error->text), "A hozzáférés megtagadva.");
     EXPECT_EQ(RegReadBool(*m_store, "\\Software\\Rovanel\\CheckUpg").error->text, kNotFound);
 }
 
