@@ -17,12 +17,10 @@ namespace
 class DatabaseAge : public ::testing::Test
 {
 protected:
-    void write(const std::string& name, const std::string& content) { m_scratch.write(name, content); }
-
     // gy.ful last changed in the middle of the given month (local time).
     void writeDatabaseDated(YearMonth date, const std::string& name = "gy.ful")
     {
-        write(name, "#vege\r\n");
+        m_scratch.write(name, "#vege\r\n");
         std::tm local{};
         local.tm_year = date.year - 1900;
         local.tm_mon = date.month - 1;
@@ -47,7 +45,7 @@ TEST(MonthsBetween, CountsCalendarMonthsAcrossYears)
 
 TEST_F(DatabaseAge, TitleAndWarningFollowTheAgeOfTheDatabaseFile)
 {
-    write("zaras.inf", "20240131\r\n2024.01.31\r\n");
+    m_scratch.write("zaras.inf", "20240131\r\n2024.01.31\r\n");
     const std::string base = "Rovanel - 20240131 Lez\xE1rva:2024.01.31";
     const std::string milder = utf8ToCp1250(" - Az adatbázis veszített aktualitásából! ");
     const std::string stronger = utf8ToCp1250(" - Az adatbázis sokat veszített aktualitásából! ");
@@ -88,7 +86,7 @@ TEST_F(DatabaseAge, TitleAndWarningFollowTheAgeOfTheDatabaseFile)
 TEST_F(DatabaseAge, MissingFilesGiveTheStatedOutcomes)
 {
     // No gy.ful: nothing changes, not even the closing date.
-    write("zaras.inf", "20240131\r\n2024.01.31\r\n");
+    m_scratch.write("zaras.inf", "20240131\r\n2024.01.31\r\n");
     DatabaseAgeCheck check = checkDatabaseAge(m_directory, "Rovanel", "old", {2024, 2});
     EXPECT_FALSE(check.checked);
     EXPECT_EQ(check.title, "Rovanel");
@@ -107,12 +105,12 @@ TEST_F(DatabaseAge, ZarasLinesAreCutAtSeventyNineCharactersAndLoseTheirLineEnds)
 {
     writeDatabaseDated({2024, 2});
     const std::string longLine(100, 'x');
-    write("ZARAS.INF", longLine + "\r\n2024.01.31");
+    m_scratch.write("ZARAS.INF", longLine + "\r\n2024.01.31");
     DatabaseAgeCheck check = checkDatabaseAge(m_directory, "Rovanel", "", {2024, 2});
     EXPECT_EQ(check.closingDate, std::string(79, 'x'));
     EXPECT_EQ(check.title, "Rovanel - " + std::string(79, 'x') + " Lez\xE1rva:2024.01.31");
 
-    write("ZARAS.INF", "20240131\n");  // one line, bare LF
+    m_scratch.write("ZARAS.INF", "20240131\n");  // one line, bare LF
     check = checkDatabaseAge(m_directory, "Rovanel", "", {2024, 2});
     EXPECT_EQ(check.title, "Rovanel - 20240131 Lez\xE1rva:");
 }

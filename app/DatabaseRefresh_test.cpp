@@ -32,10 +32,8 @@ protected:
     fs::path update() const { return m_root.path() / "upd"; }
     static void fill(const fs::path& directory, const Files& files)
     {
-        for (const auto& [name, content] : files) {
-            std::ofstream out(directory / name, std::ios::binary);
-            out << content;
-        }
+        for (const auto& [name, content] : files)
+            std::ofstream(directory / name, std::ios::binary) << content;
     }
     static Files contentsOf(const fs::path& directory)
     {

@@ -71,7 +71,7 @@ TEST(UpdateNotice, NewlyInstalledDatabaseIsRememberedAndReArmsTheNotice)
     EXPECT_TRUE(failed.titleSuffix.empty());
     ASSERT_EQ(failed.messages.size(), 1u);
     EXPECT_EQ(failed.messages[0],
-              (Message{utf8ToCp1250(kRegistryWrongTypeText), "Rovanel", MessageIcon::Stop}));
+              (Message{utf8ToCp1250("Az adat érvénytelen."), "Rovanel", MessageIcon::Stop}));
     auto empty = openRegistryFile(directory.path() / "empty.ini");
     EXPECT_TRUE(evaluateNoticeReply(*empty, reply, "20261101", false).registryFailed);
 }

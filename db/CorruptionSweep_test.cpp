@@ -78,53 +78,45 @@ std::string replaceNumbers(const std::string& content, const std::function<std::
 
 std::vector<Damage> damages()
 {
-    std::vector<Damage> list;
-    for (const double fraction : {0.0, 0.5}) {
-        list.push_back({"cut at " + std::to_string(static_cast<int>(fraction * 100)) + "%",
-                        [fraction](const std::string& c) {
-                            return c.substr(0, static_cast<std::size_t>(c.size() * fraction));
-                        }});
-    }
-    list.push_back({"cut to 1 byte", [](const std::string& c) { return c.substr(0, 1); }});
-    list.push_back(
-        {"last byte cut", [](const std::string& c) { return c.substr(0, c.empty() ? 0 : c.size() - 1); }});
-    for (const double fraction : {0.0, 0.3, 0.7}) {
-        list.push_back({"byte flipped at " + std::to_string(static_cast<int>(fraction * 100)) + "%",
-                        [fraction](std::string c) {
-                            if (!c.empty()) c[static_cast<std::size_t>((c.size() - 1) * fraction)] ^= 0xFF;
-                            return c;
-                        }});
-    }
-    list.push_back({"line ends removed", [](std::string c) {
-                        c.erase(
-                            std::remove_if(c.begin(), c.end(), [](char x) { return x == '\r' || x == '\n'; }),
-                            c.end());
-                        return c;
-                    }});
-    list.push_back({"digits turned into letters", [](std::string c) {
-                        for (char& x : c)
-                            if (x >= '0' && x <= '9') x = static_cast<char>('a' + (x - '0'));
-                        return c;
-                    }});
-    list.push_back({"numbers all nines, same width", [](const std::string& c) {
-                        return replaceNumbers(
-                            c, [](std::string_view run) { return std::string(run.size(), '9'); });
-                    }});
-    list.push_back({"numbers at the 32-bit limit", [](const std::string& c) {
-                        return replaceNumbers(c, [](std::string_view) { return std::string("2147483647"); });
-                    }});
-    list.push_back({"numbers past 64 bits", [](const std::string& c) {
-                        return replaceNumbers(c, [](std::string_view) { return std::string(25, '9'); });
-                    }});
-    list.push_back({"numbers negative", [](const std::string& c) {
-                        return replaceNumbers(c, [](std::string_view run) { return "-" + std::string(run); });
-                    }});
-    list.push_back({"NUL bytes for blanks", [](std::string c) {
-                        std::replace(c.begin(), c.end(), ' ', '\0');
-                        return c;
-                    }});
-    list.push_back({"over-long line", [](const std::string& c) { return std::string(70000, 'W') + c; }});
-    return list;
+    using Text = const std::string&;
+    const auto numbers = [](std::string (*by)(std::string_view)) {
+        return [by](Text c) { return replaceNumbers(c, by); };
+    };
+    const auto flip = [](double at) {
+        return [at](std::string c) {
+            if (!c.empty()) c[static_cast<std::size_t>(static_cast<double>(c.size() - 1) * at)] ^= 0xFF;
+            return c;
+        };
+    };
+    const auto bytes = [](char (*by)(char)) {
+        return [by](std::string c) {
+            std::transform(c.begin(), c.end(), c.begin(), by);
+            return c;
+        };
+    };
+    return {
+        {"cut at 0%", [](Text) { return std::string(); }},
+        {"cut at 50%", [](Text c) { return c.substr(0, c.size() / 2); }},
+        {"cut to 1 byte", [](Text c) { return c.substr(0, 1); }},
+        {"last byte cut", [](Text c) { return c.substr(0, c.empty() ? 0 : c.size() - 1); }},
+        {"byte flipped at 0%", flip(0.0)},
+        {"byte flipped at 30%", flip(0.3)},
+        {"byte flipped at 70%", flip(0.7)},
+        {"line ends removed",
+         [](std::string c) {
+             std::erase_if(c, [](char x) { return x == '\r' || x == '\n'; });
+             return c;
+         }},
+        {"digits turned into letters",
+         bytes([](char x) { return x >= '0' && x <= '9' ? static_cast<char>('a' + (x - '0')) : x; })},
+        {"numbers all nines, same width",
+         numbers([](std::string_view run) { return std::string(run.size(), '9'); })},
+        {"numbers at the 32-bit limit", numbers([](std::string_view) { return std::string("2147483647"); })},
+        {"numbers past 64 bits", numbers([](std::string_view) { return std::string(25, '9'); })},
+        {"numbers negative", numbers([](std::string_view run) { return "-" + std::string(run); })},
+        {"NUL bytes for blanks", bytes([](char x) { return x == ' ' ? '\0' : x; })},
+        {"over-long line", [](Text c) { return std::string(70000, 'W') + c; }},
+    };
 }
 
 // What the readers are asked about: drugs taken and groups listed, chosen where the database has its

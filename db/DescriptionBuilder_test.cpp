@@ -12,24 +12,25 @@ namespace rovanel
 namespace
 {
 
-StartupTables load(const std::filesystem::path& directory)
+// The six-product database, written and loaded; a test may change it and load it again.
+class DescriptionBuilder : public ::testing::Test
 {
-    return loadStartupTables(directory, directory / "no-user.ini");
-}
-
-std::string describe(const StartupTables& tables, ProductRecord record, bool* built = nullptr)
-{
-    const Description description = buildDescription(tables, record);
-    if (built) *built = description.built;
-    return cp1250ToUtf8(description.document.plainText());
-}
-
-TEST(DescriptionBuilder, ProductWithEverySectionReadsInSectionOrder)
-{
+protected:
+    // The plain text of product `record`'s description; `built` tells whether it was built.
+    std::string describe(ProductRecord record)
+    {
+        const Description description = buildDescription(tables, record);
+        built = description.built;
+        return cp1250ToUtf8(description.document.plainText());
+    }
     testing::SixProductDatabase database;
-    const StartupTables tables = load(database.write());
+    StartupTables tables = database.load();
     bool built = false;
-    EXPECT_EQ(describe(tables, 0, &built),
+};
+
+TEST_F(DescriptionBuilder, ProductWithEverySectionReadsInSectionOrder)
+{
+    EXPECT_EQ(describe(0),
               "Készítmény: ALFA 5 MG TABLETTA 30X\n"
               "\nATC besorolás:\nC08CA01  amlodipin\n"
               "\nHatóanyag:\namlodipin (C08CA01)\n"
@@ -58,11 +59,9 @@ TEST(DescriptionBuilder, ProductWithEverySectionReadsInSectionOrder)
     EXPECT_TRUE(built);
 }
 
-TEST(DescriptionBuilder, EmptySectionsLeaveTheirHeadingsOut)
+TEST_F(DescriptionBuilder, EmptySectionsLeaveTheirHeadingsOut)
 {
-    testing::SixProductDatabase database;
-    const StartupTables tables = load(database.write());
-    const std::string beta = describe(tables, 1);
+    const std::string beta = describe(1);
     for (const char* absent : {"Óvatosan", "Együttadása", "Mérgezés", "Ellenjavallatok:", "Mellékhatások:",
                                "Figyelmeztetések:", "Egyéb nevek:", "rendelheti"}) {
         SCOPED_TRACE(absent);
@@ -70,94 +69,68 @@ TEST(DescriptionBuilder, EmptySectionsLeaveTheirHeadingsOut)
     }
     EXPECT_NE(beta.find("\nAdagolás:\nNaponta 10 mg.\n"), std::string::npos);
     // An "#ar" marker directly followed by "#ha": no price section at all.
-    const std::string gamma = describe(tables, 2);
+    const std::string gamma = describe(2);
     EXPECT_EQ(gamma.find("Ár és támogatás:"), std::string::npos);
     EXPECT_NE(gamma.find("\nJavallatok:\nMagas vérnyomás.\n"), std::string::npos);
     // A product without own codes has neither the "ATC" nor the "Hatóanyag:" heading.
     // Nothing but markers: the title alone.
-    EXPECT_EQ(describe(tables, 5), "Készítmény: EGYEB KOTSZER\n");
+    EXPECT_EQ(describe(5), "Készítmény: EGYEB KOTSZER\n");
 }
 
-TEST(DescriptionBuilder, PriceLinesFollowTheDoseCountAndTheFullPriceSetting)
+TEST_F(DescriptionBuilder, PriceLinesFollowTheDoseCountAndTheFullPriceSetting)
 {
-    testing::SixProductDatabase database;
-    StartupTables tables = load(database.write());
     // Dose count "1,5" is 1.5: 10 Ft payable a package is 6.67 a day.
-    EXPECT_NE(
-        describe(tables, 1).find("Fogyasztói ár:10.0 Ft  Normatív támogatás: 0 %  Térítési díj: 10.0 Ft\n"
-                                 "Napi költség: 7 Ft (térítési díj alapján)\n"),
-        std::string::npos);
+    EXPECT_NE(describe(1).find("Fogyasztói ár:10.0 Ft  Normatív támogatás: 0 %  Térítési díj: 10.0 Ft\n"
+                               "Napi költség: 7 Ft (térítési díj alapján)\n"),
+              std::string::npos);
     tables.fullPriceDailyCost = true;
-    const std::string alfa = describe(tables, 0);
+    const std::string alfa = describe(0);
     EXPECT_NE(alfa.find("Térítési díj: 400.0 Ft\nNapi költség: 67 Ft (teljes ár alapján)\n"),
               std::string::npos);
     EXPECT_EQ(alfa.find("térítési díj alapján"), std::string::npos);
 }
 
-TEST(DescriptionBuilder, FailuresGiveOneAndBuildNothingBeyondWhatWasWritten)
+TEST_F(DescriptionBuilder, FailuresGiveOneAndBuildNothingBeyondWhatWasWritten)
 {
-    {
-        SCOPED_TRACE("record -1 builds nothing and succeeds");
-        testing::SixProductDatabase database;
-        const StartupTables tables = load(database.write());
-        bool built = false;
-        EXPECT_EQ(describe(tables, -1, &built), "");
-        EXPECT_TRUE(built);
-        EXPECT_EQ(describe(tables, 6, &built), "");
-        EXPECT_FALSE(built);
-        EXPECT_EQ(describe(tables, -2, &built), "");
-        EXPECT_FALSE(built);
-    }
-    {
-        SCOPED_TRACE("a block code not in KOD.DAT table 1 stops at the title");
-        testing::SixProductDatabase database;
-        database.blocks[0].replace(0, 10, "Z99ZZ-9999");
-        const StartupTables tables = load(database.write());
-        bool built = false;
-        EXPECT_EQ(describe(tables, 0, &built), "");
-        EXPECT_FALSE(built);
-        EXPECT_EQ(describe(tables, 1, &built).rfind("Készítmény: BETA 10 MG TABLETTA 30X\n", 0), 0u);
-        EXPECT_TRUE(built);
-    }
+    EXPECT_EQ(describe(-1), "");
+    EXPECT_TRUE(built) << "record -1 builds nothing and succeeds";
+    EXPECT_EQ(describe(6), "");
+    EXPECT_FALSE(built);
+    EXPECT_EQ(describe(-2), "");
+    EXPECT_FALSE(built);
     for (const char* missing :
          {"gy.ful", "nevpos.dat", "atcnrend.dat", "ellnrend.dat", "mhnrend.dat", "nevrend.dat"}) {
         SCOPED_TRACE(missing);
-        testing::SixProductDatabase database;
-        const auto directory = database.write();
-        const StartupTables tables = load(directory);
-        std::filesystem::remove(directory / missing);
-        bool built = false;
-        EXPECT_EQ(describe(tables, 0, &built), "");
+        const std::string intact = database.directory.read(missing);
+        database.directory.remove(missing);
+        EXPECT_EQ(describe(0), "");
         EXPECT_FALSE(built);
+        database.directory.write(missing, intact);
     }
+    // A block code not in KOD.DAT table 1 stops at the title.
+    database.products[0].block.replace(0, 10, "Z99ZZ-9999");
+    tables = database.load();
+    EXPECT_EQ(describe(0), "");
+    EXPECT_FALSE(built);
+    EXPECT_EQ(describe(1).rfind("Készítmény: BETA 10 MG TABLETTA 30X\n", 0), 0u);
+    EXPECT_TRUE(built);
 }
 
-TEST(DescriptionBuilder, UnknownCodesAreShownAsCodesAndMissingRendDatOnlyLosesTheTexts)
+TEST_F(DescriptionBuilder, UnknownCodesAreShownAsCodesAndMissingRendDatOnlyLosesTheTexts)
 {
-    testing::SixProductDatabase database;
-    auto& block = database.blocks[0];
+    auto& block = database.products[0].block;
     block.replace(block.find("E02\r\n"), 5, "E77\r\n");
-    database.files.erase("rend.dat");
-    const StartupTables tables = load(database.write());
-    bool built = false;
-    const std::string text = describe(tables, 0, &built);
+    tables = database.load();
+    database.directory.remove("rend.dat");
+    const std::string text = describe(0);
     EXPECT_TRUE(built);
     EXPECT_NE(text.find("\nEllenjavallatok:\nElső trimeszter\nE77\n"), std::string::npos);
     EXPECT_NE(text.find("Emelt támogatással rendelheti[_EU12/a]:\nTámogatás:"), std::string::npos);
 }
 
-// Product `record`'s description on the six-product database (empty when not built).
-StyledDocument sixProductDescription(ProductRecord record)
+TEST_F(DescriptionBuilder, EveryJumpTextFirstOccursAtTheStartOfItsBoldHeading)
 {
-    testing::SixProductDatabase database;
-    Description description = buildDescription(load(database.write()), record);
-    EXPECT_TRUE(description.built);
-    return std::move(description.document);
-}
-
-TEST(DescriptionBuilder, EveryJumpTextFirstOccursAtTheStartOfItsBoldHeading)
-{
-    const StyledDocument document = sixProductDescription(0);
+    const StyledDocument document = buildDescription(tables, 0).document;
     for (std::string_view jump : kJumpSearchTexts) {
         SCOPED_TRACE(cp1250ToUtf8(jump));
         bool found = false;
@@ -174,9 +147,9 @@ TEST(DescriptionBuilder, EveryJumpTextFirstOccursAtTheStartOfItsBoldHeading)
     }
 }
 
-TEST(DescriptionBuilder, TitleIsEntryOneThenTheNameInBoldBlueOfHeightTwenty)
+TEST_F(DescriptionBuilder, TitleIsEntryOneThenTheNameInBoldBlueOfHeightTwenty)
 {
-    const StyledDocument document = sixProductDescription(3);
+    const StyledDocument document = buildDescription(tables, 3).document;
     ASSERT_GE(document.runs().size(), 2u);
     EXPECT_EQ(cp1250ToUtf8(document.runs()[0].text), "Készítmény: ");
     EXPECT_FALSE(document.runs()[0].style.bold);

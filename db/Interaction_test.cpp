@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 #include "db/Cp1250.h"
 #include "db/SharedState.h"
 #include "db/StartupTables.h"
@@ -23,12 +25,14 @@ struct Fixture {
     ScratchDirectory directory;
     SharedState state;
 
-    explicit Fixture(const EngineDatabase& database)
+    explicit Fixture(const EngineDatabase& database) { state.tables = database.load(directory); }
+    // KhRun on the interaction window's selection of the drugs `taken`.
+    KhRunResult run(const std::vector<int>& taken, KhMode mode = KhMode::Check, std::int64_t node = -1)
     {
-        database.write(directory);
-        state.tables = loadStartupTables(directory.path(), directory.path() / "no-user.ini");
+        take(taken);
+        return KhRun(state, mode, node);
     }
-    void take(std::initializer_list<int> records)
+    void take(const std::vector<int>& records)
     {
         state.selection.resetForInteractionWindow();
         for (int record : records) (void)state.selection.addDrug(record);
@@ -59,8 +63,7 @@ EngineDatabase basicDatabase()
 TEST(KhRunCheck, ReportsCarefulAndAvoidFindingsInSelectionOrderWithTheirTexts)
 {
     Fixture fixture(basicDatabase());
-    fixture.take({0, 1, 2});
-    const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
+    const KhRunResult result = fixture.run({0, 1, 2});
     ASSERT_TRUE(result.completed);
     // ALFA's careful "N05" (3 characters: a class looked up by four characters, "N05" is not a group, so
     // no name) meets BÉTA's own code; BÉTA's avoid code "C08CA-01" (8 characters: no class name) meets ALFA.
@@ -87,8 +90,7 @@ TEST(KhRunCheck, ShortCodeNamesItsClassByTheFirstFourCharacters)
     database.products[1].avoid = {"C08CA"};
     database.products[1].name = "BÉTA HOSSZÚ NEVŰ KÉSZÍTMÉNY 10 MG FILMTABLETTA 100X";
     Fixture fixture(database);
-    fixture.take({1, 0});
-    const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
+    const KhRunResult result = fixture.run({1, 0});
     // Names together longer than 60 characters: the finding goes on the next line.
     const std::string finding =
         cp("BÉTA HOSSZÚ NEVŰ KÉSZÍTMÉNY 10 MG FILMTABLETTA 1") +
@@ -104,8 +106,7 @@ TEST(KhRunCheck, PairIsReportedOnceForEveryMatchingCodeAndPrefixesMatchOneWayOnl
     database.products[1].avoid = {};
     database.products[1].own = {"N05BA-01", "N05BB-02"};  // "N05" and "N" match both
     Fixture fixture(database);
-    fixture.take({0, 1});
-    const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
+    const KhRunResult result = fixture.run({0, 1});
     std::size_t findings = 0;
     for (std::size_t at = 0;
          (at = result.report.find(cp("Óvatosan adhatók együtt!"), at)) != std::string::npos; ++at)
@@ -132,8 +133,7 @@ TEST(KhRunCheck, NothingFoundShowsAndAppendsEntry93)
         SCOPED_TRACE(c.rvIni);
         Fixture fixture(database);
         if (*c.rvIni) fixture.directory.write("RV.INI", c.rvIni);
-        fixture.take({0, 1});
-        const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
+        const KhRunResult result = fixture.run({0, 1});
         EXPECT_TRUE(result.completed);
         EXPECT_EQ(result.report, header() + c.text);
         ASSERT_EQ(result.messages.size(), 1u);
@@ -149,9 +149,8 @@ TEST(KhRunCheck, ContraindicationsMatchOverTheShorterLength)
     database.products[0].careful.clear();
     database.products[1].avoid.clear();
     Fixture fixture(database);
-    fixture.take({0, 1, 2});
     fixture.contraindicate({0, 2});  // E01 (group of ALFA's E0101) and E02 (GAMMA's)
-    const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
+    const KhRunResult result = fixture.run({0, 1, 2});
     const std::string expected = header() +
                                  cp("ALFA 5 MG TABLETTA 30X ellenjavallata:\n\n ( E01 - Terhesség )\n\n") +
                                  cp("GAMMA 20 MG KAPSZULA 28X ellenjavallata:\n\n ( E02 - Szoptatás )\n\n");
@@ -160,24 +159,19 @@ TEST(KhRunCheck, ContraindicationsMatchOverTheShorterLength)
     EXPECT_EQ(result.found, (std::vector<FoundDrug>{{0, 0}, {2, 0}}));
 }
 
-TEST(KhRunCheck, NegativeSlotsAreSkippedAndNoDrugMeansNoReport)
+TEST(KhRunCheck, NegativeSlotsAreSkippedAndAMissingFileEndsTheRunSilentlyAndLeavesTheTable)
 {
     Fixture fixture(basicDatabase());
     fixture.take({0, 1});
     fixture.state.selection.resetSlotsForSideEffectWindow();  // count stays 2, slots -1
-    const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
+    KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
     EXPECT_TRUE(result.completed);
-    EXPECT_TRUE(result.report.empty());
+    EXPECT_TRUE(result.report.empty()) << "no drug, no report";
     EXPECT_TRUE(result.messages.empty());
-}
 
-TEST(KhRunCheck, MissingFileEndsTheRunSilentlyAndLeavesTheTable)
-{
-    Fixture fixture(basicDatabase());
     fixture.directory.remove("atcnrend.dat");
-    fixture.take({0, 1});
     fixture.state.found.assign({{4, 0}});
-    const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
+    result = fixture.run({0, 1});
     EXPECT_FALSE(result.completed);
     EXPECT_FALSE(result.filesOpened);
     EXPECT_TRUE(result.messages.empty());
@@ -239,9 +233,9 @@ TEST(KhRunCheck, EveryLimitStopsTheRunWithItsMessage)
             database.products.push_back(product);
         }
         Fixture fixture(database);
-        fixture.state.selection.resetForInteractionWindow();
-        for (std::size_t i = 0; i < drugs; ++i) (void)fixture.state.selection.addDrug(static_cast<int>(i));
-        const KhRunResult result = KhRun(fixture.state, KhMode::Check, -1);
+        std::vector<int> taken(drugs);
+        std::iota(taken.begin(), taken.end(), 0);
+        const KhRunResult result = fixture.run(taken);
         if (c.expected) {
             EXPECT_FALSE(result.completed);
             ASSERT_EQ(result.messages.size(), 1u);
@@ -281,9 +275,8 @@ TEST(KhRunGroup, WithoutDrugsOrContraindicationsListsTheWholeGroupSortedWithTheT
         "30;0;0;7;1--;-;2;1;0^1@210751477#-$-*-[3]123456{0}0(0)-\xB3"
         "0@C08CA01";
     Fixture fixture(database);
-    fixture.state.selection.resetForInteractionWindow();
     fixture.state.selection.clearContraindications();
-    const KhRunResult result = KhRun(fixture.state, KhMode::AtcGroup, 1);
+    const KhRunResult result = fixture.run({}, KhMode::AtcGroup, 1);
     ASSERT_TRUE(result.completed);
     EXPECT_TRUE(result.messages.empty());
     EXPECT_TRUE(result.report.empty());
@@ -304,9 +297,8 @@ TEST(KhRunGroup, DrugsTakenExcludeAndFlagAndContraindicationsExclude)
     database.products[2].own = {"C08CA-02"};             // excluded by the avoid code
     database.products[3].contraindications = {"E0104"};  // excluded by the chosen group E01
     Fixture fixture(database);
-    fixture.take({5});
     fixture.contraindicate({0});
-    KhRunResult result = KhRun(fixture.state, KhMode::AtcGroup, 1);
+    KhRunResult result = fixture.run({5}, KhMode::AtcGroup, 1);
     ASSERT_TRUE(result.completed);
     // One drug taken: the pairwise check runs and finds nothing.
     ASSERT_EQ(result.messages.size(), 1u);
@@ -320,8 +312,7 @@ TEST(KhRunGroup, DrugsTakenExcludeAndFlagAndContraindicationsExclude)
     database.products[0].careful = {"N05B"};       // prefix of N05BA-01: care
     database.products[1].careful = {"N05BA-012"};  // longer than the own code: no care
     Fixture second(database);
-    second.take({5});
-    result = KhRun(second.state, KhMode::AtcGroup, 1);
+    result = second.run({5}, KhMode::AtcGroup, 1);
     EXPECT_EQ(result.found, (std::vector<FoundDrug>{{4, 0}, {3, 0}, {2, 0}, {1, 0}, {0, 1}}));
 }
 
@@ -330,8 +321,7 @@ TEST(KhRunGroup, StopsWhenTheTableReaches600)
     for (const int size : {599, 600, 601}) {
         SCOPED_TRACE(size);
         Fixture fixture(groupDatabase(size));
-        fixture.state.selection.resetForInteractionWindow();
-        const KhRunResult result = KhRun(fixture.state, KhMode::AtcGroup, 0);
+        const KhRunResult result = fixture.run({}, KhMode::AtcGroup, 0);
         EXPECT_EQ(result.found.size(), std::min(size, 600));
         EXPECT_EQ(result.listLines.size(), result.found.size());
         if (size < 600) {
@@ -353,8 +343,7 @@ TEST(KhRunGroup, CarefulLineLongerThan12StopsWithEntry70)
     database.products[1].careful = {"N05BA-01XYZ"};    // 11: allowed here
     database.products[2].careful = {"N05BA-01XYZW1"};  // 13: stops
     Fixture fixture(database);
-    fixture.state.selection.resetForInteractionWindow();
-    const KhRunResult result = KhRun(fixture.state, KhMode::AtcGroup, 1);
+    const KhRunResult result = fixture.run({}, KhMode::AtcGroup, 1);
     EXPECT_FALSE(result.completed);
     ASSERT_EQ(result.messages.size(), 1u);
     EXPECT_EQ(result.messages[0],
@@ -366,9 +355,8 @@ TEST(KhRunGroup, CarefulLineLongerThan12StopsWithEntry70)
 TEST(KhRunGroup, NodeOutsideTheDirectoryListsNothing)
 {
     Fixture fixture(groupDatabase(3));
-    fixture.state.selection.resetForInteractionWindow();
     for (const std::int64_t node : {std::int64_t{-1}, std::int64_t{3}, std::int64_t{1'000'000}}) {
-        const KhRunResult result = KhRun(fixture.state, KhMode::AtcGroup, node);
+        const KhRunResult result = fixture.run({}, KhMode::AtcGroup, node);
         EXPECT_TRUE(result.completed);
         EXPECT_TRUE(result.listLines.empty());
     }

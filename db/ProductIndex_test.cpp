@@ -11,7 +11,6 @@ namespace rovanel
 namespace
 {
 
-using testing::directoryRecord;
 using testing::ScratchDirectory;
 using testing::writeTinyDatabase;
 
@@ -29,7 +28,7 @@ protected:
     StartupTables m_tables;
 };
 
-TEST_F(ProductIndexTest, NameListsHoldEachGroupAndNeverTheOthers)
+TEST_F(ProductIndexTest, NameListsHoldEachGroupFromItsByteOffsetAndStopAtTheEndOfTheFile)
 {
     const auto medicines = nameListFill(m_tables, NameGroup::Medicines);
     ASSERT_EQ(medicines.size(), 3u);
@@ -39,20 +38,13 @@ TEST_F(ProductIndexTest, NameListsHoldEachGroupAndNeverTheOthers)
     EXPECT_EQ(recordOfListPosition(m_tables, NameGroup::Medicines, 2), 2);
     EXPECT_EQ(recordOfListPosition(m_tables, NameGroup::Nutrition, 0), 3);
     EXPECT_EQ(recordOfListPosition(m_tables, NameGroup::Nutrition, -1), -1);
-}
 
-TEST_F(ProductIndexTest, NutritionNamesStartAtTheirByteOffsetWhateverComesBefore)
-{
     // Medicine lines of the wrong length would move a line-counting reader; the fill seeks instead.
-    std::string nevrend = m_directory.read("nevrend.dat");
-    nevrend.replace(0, 50, std::string(48, 'Q') + "\r\n");
-    m_directory.write("nevrend.dat", nevrend);
+    const std::string nevrend = m_directory.read("nevrend.dat");
+    m_directory.write("nevrend.dat", std::string(48, 'Q') + "\r\n" + nevrend.substr(50));
     EXPECT_EQ(nameListFill(m_tables, NameGroup::Nutrition).front(), utf8ToCp1250("TÁPLÁLÓ ITAL 200 ML"));
-}
-
-TEST_F(ProductIndexTest, NameListsOfATruncatedFileStopAtItsEnd)
-{
-    m_directory.write("nevrend.dat", m_directory.read("nevrend.dat").substr(0, 120));
+    // A truncated file: the lists stop at its end.
+    m_directory.write("nevrend.dat", nevrend.substr(0, 120));
     EXPECT_EQ(nameListFill(m_tables, NameGroup::Medicines).size(), 3u) << "the third line is cut short";
     EXPECT_TRUE(nameListFill(m_tables, NameGroup::Nutrition).empty());
     m_directory.remove("nevrend.dat");
@@ -99,17 +91,17 @@ TEST_F(ProductIndexTest, BadDirectoryAndListRecordsGiveWhatTheDataHolds)
         IndexPair pair = IndexPair::Atc;
     };
     const Case cases[] = {
-        {"count larger than the file", directoryRecord(0, 1000000), "1\r\n2\r\n", {1, 2}},
-        {"offset past the end", directoryRecord(999999, 2), "1\r\n2\r\n", {}},
-        {"negative count", directoryRecord(0, -3), "1\r\n", {}},
-        {"huge offset", directoryRecord(2147483647, 2), "1\r\n", {}},
+        {"count larger than the file", encodeDirectoryRecord({0, 1000000}), "1\r\n2\r\n", {1, 2}},
+        {"offset past the end", encodeDirectoryRecord({999999, 2}), "1\r\n2\r\n", {}},
+        {"negative count", encodeDirectoryRecord({0, -3}), "1\r\n", {}},
+        {"huge offset", encodeDirectoryRecord({2147483647, 2}), "1\r\n", {}},
         {"text instead of numbers", "abc,2         \r\n", "1\r\n", {}},
         {"no comma", "0 2           \r\n", "1\r\n", {}},
-        {"list stops at garbage", directoryRecord(0, 3), "1\r\nx\r\n3\r\n", {1}},
+        {"list stops at garbage", encodeDirectoryRecord({0, 3}), "1\r\nx\r\n3\r\n", {1}},
         {"directory cut short", "0,", "1\r\n", {}},
-        {"a count of zero never reads the list", directoryRecord(0, 0), "", {}},
+        {"a count of zero never reads the list", encodeDirectoryRecord({0, 0}), "", {}},
         {"side-effect lists need their commas",
-         directoryRecord(0, 3),
+         encodeDirectoryRecord({0, 3}),
          "4,\r\n5\r\n6,\r\n",
          {4, 5},
          IndexPair::SideEffect},
@@ -149,7 +141,7 @@ TEST_F(ProductIndexTest, AProductBlockEndsAtItsEndMarker)
 TEST_F(ProductIndexTest, AProductBlockCutsLongLinesAndStopsAtTheEndOfTheFile)
 {
     m_directory.write("gy.ful", "C08CA-0101\r\n" + std::string(400, 'k') + "\r\n#ar");
-    m_directory.write("nevpos.dat", testing::positionRecord(0) + testing::positionRecord(5000));
+    m_directory.write("nevpos.dat", encodePositionRecord(0) + encodePositionRecord(5000));
     DataFile gyful(m_directory.path() / "gy.ful");
     DataFile nevpos(m_directory.path() / "nevpos.dat");
     const auto block = productBlock(gyful, nevpos, 0, 255);

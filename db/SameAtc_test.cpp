@@ -11,11 +11,6 @@ namespace rovanel
 namespace
 {
 
-StartupTables load(const std::filesystem::path& directory)
-{
-    return loadStartupTables(directory, directory / "no-user.ini");
-}
-
 std::vector<std::string> utf8(const std::vector<std::string>& lines)
 {
     std::vector<std::string> converted;
@@ -30,10 +25,19 @@ std::vector<std::int32_t> records(const SameAtcList& list)
     return numbers;
 }
 
-TEST(AtcLevels, ListsEveryLevelFoundAsAGroup)
+class SameAtc : public ::testing::Test
 {
+protected:
+    std::vector<std::int32_t> listed(std::string_view code, std::size_t length, SameAtcOrder order, bool hide)
+    {
+        return records(sameAtcProducts(tables, code, length, order, hide));
+    }
     testing::SixProductDatabase database;
-    const StartupTables tables = load(database.write());
+    StartupTables tables = database.load();
+};
+
+TEST_F(SameAtc, AtcLevelsListEveryLevelFoundAsAGroup)
+{
     const AtcLevels full = atcLevels(tables, "C08CA-0100");
     EXPECT_EQ(utf8(full.lines),
               (std::vector<std::string>{"C  Szív- és érrendszer", "C08  Kalciumcsatorna-blokkolók",
@@ -51,10 +55,8 @@ TEST(AtcLevels, ListsEveryLevelFoundAsAGroup)
     EXPECT_EQ(none.levelLength, 0u);
 }
 
-TEST(SameAtcProducts, OrdersByDailyPriceWithNoPriceLastOrByName)
+TEST_F(SameAtc, ProductsOrderByDailyPriceWithNoPriceLastOrByName)
 {
-    testing::SixProductDatabase database;
-    StartupTables tables = load(database.write());
     const SameAtcList byPrice = sameAtcProducts(tables, "C08CA-0100", 1, SameAtcOrder::Price, false);
     EXPECT_EQ(utf8(byPrice.lines),
               (std::vector<std::string>{"BETA 10 MG TABLETTA 30X  6.7 Ft/nap",
@@ -64,44 +66,30 @@ TEST(SameAtcProducts, OrdersByDailyPriceWithNoPriceLastOrByName)
     EXPECT_EQ(records(byName), (std::vector<std::int32_t>{0, 1, 2}));
     EXPECT_EQ(cp1250ToUtf8(byName.lines[0]), "ALFA 5 MG TABLETTA 30X  13.3 Ft/nap");
     // The substance level: only the products of C08CA-01.
-    EXPECT_EQ(records(sameAtcProducts(tables, "C08CA-0100", 8, SameAtcOrder::Name, false)),
-              (std::vector<std::int32_t>{0, 2}));
+    EXPECT_EQ(listed("C08CA-0100", 8, SameAtcOrder::Name, false), (std::vector<std::int32_t>{0, 2}));
     // Hiding deleted products leaves out the TT ones; the full-price setting prices by the full price.
-    EXPECT_EQ(records(sameAtcProducts(tables, "C", 1, SameAtcOrder::Name, true)),
-              (std::vector<std::int32_t>{0, 1}));
+    EXPECT_EQ(listed("C", 1, SameAtcOrder::Name, true), (std::vector<std::int32_t>{0, 1}));
     tables.fullPriceDailyCost = true;
     EXPECT_EQ(cp1250ToUtf8(sameAtcProducts(tables, "C08CA-01", 8, SameAtcOrder::Price, false).lines[0]),
               "ALFA 5 MG TABLETTA 30X  66.7 Ft/nap");
 }
 
-TEST(SameAtcProducts, BadCodesFilesAndCountsGiveEmptyOrBoundedLists)
+TEST_F(SameAtc, BadCodesFilesAndCountsGiveEmptyOrBoundedLists)
 {
-    {
-        SCOPED_TRACE("code that is no group reads the sentinel");
-        testing::SixProductDatabase database;
-        const StartupTables tables = load(database.write());
-        EXPECT_TRUE(sameAtcProducts(tables, "Q01AA-0100", 8, SameAtcOrder::Price, false).lines.empty());
-        EXPECT_TRUE(sameAtcProducts(tables, "", 8, SameAtcOrder::Price, false).lines.empty());
-    }
+    EXPECT_TRUE(listed("Q01AA-0100", 8, SameAtcOrder::Price, false).empty()) << "no group: the sentinel";
+    EXPECT_TRUE(listed("", 8, SameAtcOrder::Price, false).empty());
     for (const char* missing : {"atcindin.dat", "atcind.dat", "gy.ful", "nevpos.dat"}) {
-        SCOPED_TRACE(missing);
-        testing::SixProductDatabase database;
-        const auto directory = database.write();
-        const StartupTables tables = load(directory);
-        std::filesystem::remove(directory / missing);
-        EXPECT_TRUE(sameAtcProducts(tables, "C", 1, SameAtcOrder::Price, false).found.empty());
+        const std::string intact = database.directory.read(missing);
+        database.directory.remove(missing);
+        EXPECT_TRUE(listed("C", 1, SameAtcOrder::Price, false).empty()) << missing;
+        database.directory.write(missing, intact);
     }
-    {
-        SCOPED_TRACE("a count beyond the file and record numbers out of range");
-        testing::SixProductDatabase database;
-        auto& directory = database.files["atcindin.dat"];
-        directory.replace(3 * 16, 14, "0,99999999    ");
-        database.files["atcind.dat"] = "3\r\n0\r\n-1\r\n77\r\n1\r\n2\r\n3\r\n";
-        const StartupTables tables = load(database.write());
-        const SameAtcList list = sameAtcProducts(tables, "C", 1, SameAtcOrder::Name, false);
-        // The count is bounded by the six products: the seventh number is never read.
-        EXPECT_EQ(records(list), (std::vector<std::int32_t>{0, 1, 2, 3}));
-    }
+    // A count beyond the file and record numbers out of range: the count is bounded by the six
+    // products, so the seventh number is never read.
+    std::string atcindin = database.directory.read("atcindin.dat");
+    database.directory.write("atcindin.dat", atcindin.replace(3 * 16, 14, "0,99999999    "));
+    database.directory.write("atcind.dat", "3\r\n0\r\n-1\r\n77\r\n1\r\n2\r\n3\r\n");
+    EXPECT_EQ(listed("C", 1, SameAtcOrder::Name, false), (std::vector<std::int32_t>{0, 1, 2, 3}));
 }
 
 }  // namespace

@@ -41,8 +41,7 @@ struct SearchFixture {
                                 {"Szédülés", {3, 5, 9, 5}}};
         database.ingredients = {
             {"amlodipin", range(0, 600)}, {"bizoprolol", range(50, 601)}, {"coffein", {}}};
-        database.write(directory);
-        tables = loadStartupTables(directory.path(), directory.path() / "no-user.ini");
+        tables = database.load(directory);
         found.assign({{42, 0}});
     }
 };
@@ -124,9 +123,8 @@ TEST(Searches, RecordNumbersOutsideTheNameListAreLeftOut)
     EngineDatabase database;
     database.products = {{"A01AA-0101", "EGY"}, {"A01AA-0102", "KETTŐ"}};
     database.ingredients = {{"x", {1, 7, -3, 0}}};
-    database.write(directory);
     // The list file holds what the writer gave it, including the numbers past the products.
-    const StartupTables tables = loadStartupTables(directory.path(), directory.path() / "no-user.ini");
+    const StartupTables tables = database.load(directory);
     FoundDrugTable found;
     (void)HaKeres(tables, found, 0);
     EXPECT_EQ(found.entries(), (std::vector<FoundDrug>{{1, 0}, {0, 0}}));

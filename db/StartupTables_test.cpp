@@ -18,6 +18,14 @@ StartupTables load(const ScratchDirectory& directory)
     return loadStartupTables(directory.path(), directory.path() / "user" / "RV.INI");
 }
 
+// The tiny database in a directory of its own.
+class TinyStartup : public ::testing::Test
+{
+protected:
+    void SetUp() override { writeTinyDatabase(directory); }
+    ScratchDirectory directory;
+};
+
 TEST(MessageTable, NumbersLinesFromZeroAndReadsNullAsEmpty)
 {
     const MessageTable table =
@@ -37,10 +45,8 @@ TEST(MessageTable, NumbersLinesFromZeroAndReadsNullAsEmpty)
     EXPECT_EQ(cut.at(1), "next");
 }
 
-TEST(StartupLoader, ReadsEveryTableOfACompleteDatabase)
+TEST_F(TinyStartup, ReadsEveryTableOfACompleteDatabase)
 {
-    ScratchDirectory directory;
-    writeTinyDatabase(directory);
     const StartupTables tables = load(directory);
     ASSERT_EQ(tables.reached, LoadStep::Complete);
     EXPECT_EQ(tables.counts.products(), 5);
@@ -116,10 +122,8 @@ TEST(StartupLoader, StopsAtTheFailingStepAndKeepsWhatItRead)
     }
 }
 
-TEST(StartupLoader, ReadsKodDatOfAnySizeSafely)
+TEST_F(TinyStartup, ReadsKodDatOfAnySizeSafely)
 {
-    ScratchDirectory directory;
-    writeTinyDatabase(directory);
     const std::string full = directory.read("KOD.DAT");
 
     directory.write("KOD.DAT", full.substr(0, 23));  // two codes and three bytes of the third
@@ -137,10 +141,8 @@ TEST(StartupLoader, ReadsKodDatOfAnySizeSafely)
     EXPECT_EQ(load(directory).productCodes, std::vector<std::string>(5));
 }
 
-TEST(StartupLoader, KeepsTablesWithinTheirCounts)
+TEST_F(TinyStartup, KeepsTablesWithinTheirCounts)
 {
-    ScratchDirectory directory;
-    writeTinyDatabase(directory);
     directory.write("xd.dat", "1,2\r\n3,4\r\n5,6\r\n");
     directory.write("x.dat", "tabletta-long\r\n");
     directory.write("nevrend.dat", directory.read("nevrend.dat") + testing::nameLine("EXTRA"));
@@ -151,10 +153,8 @@ TEST(StartupLoader, KeepsTablesWithinTheirCounts)
     EXPECT_EQ(tables.productNames.size(), 5u);
 }
 
-TEST(StartupLoader, ReadsTheFullPriceFlagFromTheUsersOwnIniOnly)
+TEST_F(TinyStartup, ReadsTheFullPriceFlagFromTheUsersOwnIniOnly)
 {
-    ScratchDirectory directory;
-    writeTinyDatabase(directory);
     directory.write("RV.INI", "[Rovanel Beallitasok]\r\nNapiKezTeljesArbol=IGEN\r\n");
     EXPECT_FALSE(load(directory).fullPriceDailyCost) << "the data directory's RV.INI is another file";
 

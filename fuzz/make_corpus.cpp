@@ -86,46 +86,53 @@ int main(int argc, char** argv)
     }
     const std::vector<Database> databases = {readDatabase(tiny.path()), readDatabase(generated.path())};
     const PlantedCases& cases = *planted;
+    const auto text = [](std::int64_t value) { return std::to_string(value); };
+    // The parameter lines of the targets that read the database's files as they are.
+    const std::map<std::string_view, std::vector<std::string>> parameterLines = {
+        {"startup_fuzz", {""}},
+        // record, ATC key, name line, side-effect key
+        {"index_fuzz", {"0 0 0 0", "1 1 1 1", "4 2 0 0", "3 3 1 1", "40 150 20 30"}},
+        {"khrun_fuzz",
+         {selection(1, 0, {0, 1, 2}, {}), selection(2, 0, {}, {}),
+          selection(1, 0, {cases.avoidFirst, cases.avoidSecond}, {}),
+          selection(1, 0, {cases.carefulFirst, cases.carefulSecond}, {cases.contraindicationIndex}),
+          selection(1, 0, {cases.contraindicated, cases.longCodeLineDrug}, {}),
+          selection(2, cases.contraindicatedGroupNode, {cases.carefulFirst}, {cases.contraindicationIndex}),
+          selection(2, cases.contraindicatedGroupNode, {}, {})}},
+        // side effect, ingredient, SzedettGyCount, SzedettGy
+        {"search_fuzz", {"0 0 0", "1 1 2 0 1", "5 3 3 1 2 3", "-1 -1 0"}},
+        // record, level length, order, hide deleted
+        {"description_fuzz",
+         {"0 8 0 0", "1 4 1 1", text(cases.contraindicated) + " 6 0 0", text(cases.avoidFirst) + " 1 1 0",
+          text(cases.medicines) + " 3 0 1", "-1 8 0 0"}},
+        // ATC node, listing mode, hide TT, selected row, record
+        {"detailed_fuzz",
+         {"0 1 0 0 0", "1 2 1 1 1", "3 3 0 0 2",
+          text(cases.contraindicatedGroupNode) + " 1 0 0 " + text(cases.medicines),
+          text(cases.atcGroups) + " 4 1 -1 -1"}},
+        // ATC group, fills
+        {"certs_fuzz", {"0 1", "2 4", text(cases.atcGroups - 1) + " 10", "-1 2"}},
+        {"aids_fuzz", {"0 1", "2 5", "-1 3", "7 100000"}},
+        {"fono_fuzz", {"0", "1", "5", "-1"}},
+    };
 
     for (const FuzzLayout& layout : fuzzLayouts()) {
         const std::filesystem::path folder = output / std::string(layout.target);
         const std::string separator(kSegmentSeparator);
         int number = 0;
-        for (const Database& database : databases) {
+        for (Database database : databases) {
+            // A public-care list and a patient data file beside the database.
+            database["kgy.txt"] = "C08CA-01;210751477;NAME;3;amlodipin \r\nA;;B\r\n;;;;\r\n";
+            database["beteg.ini"] =
+                "[BetegAdatok]\r\nBeteg neve=Kiss \xC9va\r\nOrvosNeve=Dr. Szab\xF3\r\n"
+                "[OrvosAdatok]\r\norvnev=Dr. Nagy\r\n";
+            if (const auto lines = parameterLines.find(layout.target); lines != parameterLines.end())
+                for (const std::string& parameters : lines->second)
+                    writeSeed(folder, number++, input(parameters, layout.files, database));
             if (layout.target == "startup_fuzz") {
-                writeSeed(folder, number++, input("", layout.files, database));
                 Database withUserIni = database;
                 withUserIni["RV.INI"] = "[Rovanel Beallitasok]\r\nNapiKezTeljesArbol=IGEN\r\n";
                 writeSeed(folder, number++, input("", layout.files, withUserIni));
-            } else if (layout.target == "index_fuzz") {
-                // record, ATC key, name line, side-effect key
-                for (const char* parameters : {"0 0 0 0", "1 1 1 1", "4 2 0 0", "3 3 1 1", "40 150 20 30"})
-                    writeSeed(folder, number++, input(parameters, layout.files, database));
-            } else if (layout.target == "khrun_fuzz") {
-                const std::vector<std::string> selections = {
-                    selection(1, 0, {0, 1, 2}, {}),
-                    selection(2, 0, {}, {}),
-                    selection(1, 0, {cases.avoidFirst, cases.avoidSecond}, {}),
-                    selection(1, 0, {cases.carefulFirst, cases.carefulSecond}, {cases.contraindicationIndex}),
-                    selection(1, 0, {cases.contraindicated, cases.longCodeLineDrug}, {}),
-                    selection(2, cases.contraindicatedGroupNode, {cases.carefulFirst},
-                              {cases.contraindicationIndex}),
-                    selection(2, cases.contraindicatedGroupNode, {}, {}),
-                };
-                for (const std::string& parameters : selections)
-                    writeSeed(folder, number++, input(parameters, layout.files, database));
-            } else if (layout.target == "search_fuzz") {
-                // side effect, ingredient, SzedettGyCount, SzedettGy
-                for (const char* parameters : {"0 0 0", "1 1 2 0 1", "5 3 3 1 2 3", "-1 -1 0"})
-                    writeSeed(folder, number++, input(parameters, layout.files, database));
-            } else if (layout.target == "description_fuzz") {
-                // record, level length, order, hide deleted
-                for (const std::string& parameters :
-                     {std::string("0 8 0 0"), std::string("1 4 1 1"),
-                      std::to_string(cases.contraindicated) + " 6 0 0",
-                      std::to_string(cases.avoidFirst) + " 1 1 0", std::to_string(cases.medicines) + " 3 0 1",
-                      std::string("-1 8 0 0")})
-                    writeSeed(folder, number++, input(parameters, layout.files, database));
             } else if (layout.target == "registry_fuzz") {
                 // Made by the store itself: the defaults, one setting changed by hand.
                 testing::ScratchDirectory folderOfStore;
@@ -137,46 +144,18 @@ int main(int argc, char** argv)
                 writeSeed(folder, number++, separator + "[Software\\Rovanel]\r\nx=dword:12\r\n");
                 break;  // one database is enough: the store does not read it
             } else if (layout.target == "treefile_fuzz") {
-                for (const char* tree : {"atcnren2.dat", "ellnren2.dat", "mhnren2.dat", "rend2.ful"}) {
-                    const auto found = database.find(tree);
-                    if (found != database.end())
+                for (const char* tree : {"atcnren2.dat", "ellnren2.dat", "mhnren2.dat", "rend2.ful"})
+                    if (const auto found = database.find(tree); found != database.end())
                         writeSeed(folder, number++, found->second.substr(0, kTreeLimit));
-                }
             } else if (layout.target == "prescription_fuzz") {
-                Database cut = database;
-                if (const auto tree = cut.find("bno.tre"); tree != cut.end())
+                if (const auto tree = database.find("bno.tre"); tree != database.end())
                     tree->second = tree->second.substr(0, kTreeLimit);
-                for (const char* parameters : {"0 3 30", "1 3 15", "0 2 0", "1 0 22.5"}) {
+                for (const char* parameters : {"0 3 30", "1 3 15", "0 2 0", "1 0 22.5"})
                     for (const char* probe : {"EU901\n_EU902/a\nE1190\n900000001\nszív\n30\n00401,tüdő;\n",
                                               "EU905,EU901\nEU901,_EU902/a\nJ4500\n900000002\nI10\n120\n;\n",
                                               "EU903\n\nK2900\n900000006\nXX\nx2\n\n"})
-                        writeSeed(folder, number++, input(parameters, layout.files, cut) + separator + probe);
-                }
-            } else if (layout.target == "detailed_fuzz") {
-                // ATC node, listing mode, hide TT, selected row, record.
-                for (const std::string& parameters :
-                     {std::string("0 1 0 0 0"), std::string("1 2 1 1 1"), std::string("3 3 0 0 2"),
-                      std::to_string(cases.contraindicatedGroupNode) + " 1 0 0 " +
-                          std::to_string(cases.medicines),
-                      std::to_string(cases.atcGroups) + " 4 1 -1 -1"})
-                    writeSeed(folder, number++, input(parameters, layout.files, database));
-            } else if (layout.target == "certs_fuzz") {
-                // ATC group, fills; a public-care list and a patient data file beside.
-                Database withList = database;
-                withList["kgy.txt"] = "C08CA-01;210751477;NAME;3;amlodipin \r\nA;;B\r\n;;;;\r\n";
-                withList["beteg.ini"] =
-                    "[BetegAdatok]\r\nBeteg neve=Kiss \xC9va\r\nOrvosNeve=Dr. Szab\xF3\r\n"
-                    "[OrvosAdatok]\r\norvnev=Dr. Nagy\r\n";
-                for (const std::string& parameters :
-                     {std::string("0 1"), std::string("2 4"), std::to_string(cases.atcGroups - 1) + " 10",
-                      std::string("-1 2")})
-                    writeSeed(folder, number++, input(parameters, layout.files, withList));
-            } else if (layout.target == "aids_fuzz") {
-                for (const char* parameters : {"0 1", "2 5", "-1 3", "7 100000"})
-                    writeSeed(folder, number++, input(parameters, layout.files, database));
-            } else if (layout.target == "fono_fuzz") {
-                for (const char* parameters : {"0", "1", "5", "-1"})
-                    writeSeed(folder, number++, input(parameters, layout.files, database));
+                        writeSeed(folder, number++,
+                                  input(parameters, layout.files, database) + separator + probe);
             } else if (layout.target == "magi_fuzz") {
                 writeSeed(folder, number++,
                           separator +

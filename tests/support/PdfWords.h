@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -49,33 +50,20 @@ inline std::vector<PdfWord> pdfWords(const std::filesystem::path& pdf)
         ::pclose(pipe);
     }
     constexpr double kMillimetresPerPoint = 25.4 / 72.0;
+    static const std::regex tag(
+        R"re(<page |<word xMin="([^"]*)" yMin="([^"]*)" xMax="([^"]*)" yMax="([^"]*)">([^<]*)</word>)re");
     std::vector<PdfWord> words;
     int page = 0;
-    for (std::size_t at = 0; at < html.size();) {
-        const std::size_t pageAt = html.find("<page", at);
-        const std::size_t wordAt = html.find("<word", at);
-        if (wordAt == std::string::npos) break;
-        if (pageAt != std::string::npos && pageAt < wordAt) {
+    for (std::sregex_iterator it(html.begin(), html.end(), tag), end; it != end; ++it) {
+        const std::smatch& found = *it;
+        if (!found[1].matched) {
             ++page;
-            at = pageAt + 5;
             continue;
         }
-        PdfWord word;
-        word.page = page;
-        const auto attribute = [&](const char* name) {
-            const std::size_t from = html.find(std::string(name) + "=\"", wordAt);
-            return from == std::string::npos ? 0.0
-                                             : std::atof(html.c_str() + from + std::string(name).size() + 2);
+        const auto at = [&](int group) {
+            return std::atof(found[group].str().c_str()) * kMillimetresPerPoint;
         };
-        word.left = attribute("xMin") * kMillimetresPerPoint;
-        word.top = attribute("yMin") * kMillimetresPerPoint;
-        word.right = attribute("xMax") * kMillimetresPerPoint;
-        word.bottom = attribute("yMax") * kMillimetresPerPoint;
-        const std::size_t textStart = html.find('>', wordAt) + 1;
-        const std::size_t textEnd = html.find("</word>", textStart);
-        word.text = unescapeHtml(html.substr(textStart, textEnd - textStart));
-        words.push_back(word);
-        at = textEnd;
+        words.push_back({unescapeHtml(found[5].str()), at(1), at(2), at(3), at(4), page});
     }
     return words;
 }
