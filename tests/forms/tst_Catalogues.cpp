@@ -58,12 +58,6 @@ QColor colourAt(const QTextEdit* box, int position)
     return cursor.charFormat().foreground().color();
 }
 
-QString currentNode(const QObject& form, const char* tree)
-{
-    const QTreeWidgetItem* item = control<QTreeWidget>(form, tree)->currentItem();
-    return item ? item->text(0) : QString();
-}
-
 }  // namespace
 
 class TestCatalogues : public QObject

@@ -31,22 +31,18 @@ EngineDatabase interactionDatabase()
     return db;
 }
 
-// `count` products P100, P101, ... with the lists of `lists` (side effects or ingredients) over them.
-EngineDatabase manyProducts(int count, std::vector<std::pair<std::string, std::vector<int>>> lists,
-                            bool ingredients)
+// 650 products P100, P101, ...; side effects and active ingredients over 2, 600 and 601 of them.
+EngineDatabase manyProducts()
 {
     EngineDatabase db;
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < 650; ++i)
         db.products.push_back({"A01AA-0" + std::to_string(100 + i), "P" + std::to_string(100 + i)});
-    (ingredients ? db.ingredients : db.sideEffects) = std::move(lists);
+    std::vector<int> first601(601);
+    std::iota(first601.begin(), first601.end(), 0);
+    const std::vector<int> first600(first601.begin(), first601.end() - 1);
+    db.sideEffects = {{"Fejfájás", {3, 7}}, {"Hányás", first601}, {"Szédülés", first600}};
+    db.ingredients = {{"amlodipin", first600}, {"bizoprolol", first601}, {"coffein", {}}};
     return db;
-}
-
-std::vector<int> firstRecords(int count)
-{
-    std::vector<int> records(static_cast<std::size_t>(count));
-    std::iota(records.begin(), records.end(), 0);
-    return records;
 }
 
 // Chooses the name list's line `index` and adds it to the drugs taken.
@@ -182,9 +178,7 @@ private slots:
 
     void sideEffectSearchAmongAllOver600AndAmongTheDrugsTaken()
     {
-        DatabaseState fixture(manyProducts(
-            650, {{"Fejfájás", {3, 7}}, {"Hányás", firstRecords(601)}, {"Szédülés", firstRecords(600)}},
-            false));
+        DatabaseState fixture(manyProducts());
         Shown<TMh> form(fixture.state);
         QCOMPARE(form.windowTitle().left(13), QString("Mellékhatások"));
         const auto search = [&form](int node) {
@@ -211,12 +205,7 @@ private slots:
 
     void ingredientsExactly600WithoutMessageAnd601WithItAndAPickedDrugIsDescribed()
     {
-        std::vector<int> all = firstRecords(601);
-        DatabaseState fixture(manyProducts(601,
-                                           {{"amlodipin", std::vector<int>(all.begin(), all.end() - 1)},
-                                            {"bizoprolol", all},
-                                            {"coffein", {}}},
-                                           true));
+        DatabaseState fixture(manyProducts());
         Shown<THaForm> form(fixture.state);
         auto* list = control<QComboBox>(form, "HaList");
         const auto search = [&](int ingredient) {
@@ -239,9 +228,8 @@ private slots:
         QTest::mouseClick(leiro->viewport(), Qt::LeftButton);
         QVERIFY(form.messages.texts().isEmpty());
         QTest::mouseClick(leiro->viewport(), Qt::RightButton);
-        QCOMPARE(form.messages.texts(),
+        QCOMPARE(form.messages.take(),
                  QStringList{"Változás: Receptnyomtatás a -Részletes lista- menüpont alatt."});
-        form.messages.clear();
         list->setCurrentIndex(1);
         QCOMPARE(found->count(), 0);  // choosing another ingredient empties the list
         QCOMPARE(search(1).size(), 600);

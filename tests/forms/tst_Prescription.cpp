@@ -74,7 +74,8 @@ class TestPrescription : public QObject
         form->setSource(3);
         return form;
     }
-    [[nodiscard]] QStringList messages() const { return m_scratch->messages.texts(); }
+    // The messages shown since the last look.
+    [[nodiscard]] QStringList messages() const { return m_scratch->messages.take(); }
     // The first medicine with an increased (fee-paying) support and no highlighted one.
     [[nodiscard]] std::int32_t packageWithFeeKey() const
     {
@@ -100,7 +101,6 @@ private slots:
         QVERIFY(!form->openForPackage(-1));
         QCOMPARE(messages(), QStringList{"A kurzor nem kiszerelést tartalmazó sorban van!"});
         QVERIFY(!form->isVisible());
-        m_scratch->messages.clear();
         QVERIFY(form->openForPackage(record));
         QCOMPARE(form->windowTitle(), QString("Recept"));
         QCOMPARE(textsOf(*form, {"FelirDat", "GyogyszerDs", "BetegNev", "BetegKora", "JogcimGrp5"}),
@@ -119,7 +119,6 @@ private slots:
         QVERIFY(messages().isEmpty());
         form->BnoEuLstRightClick();  // the regulation text of a code line needs a line
         QCOMPARE(messages(), QStringList{"Jelöljön ki egy sort!"});
-        m_scratch->messages.clear();
 
         // The list filters as one types; the hidden lines stay in it.
         const QString code = list->item(0)->text().section(' ', 0, 0);
@@ -134,7 +133,6 @@ private slots:
         // Beilleszt without a chosen line asks for one; with a line it takes its code.
         click(*form, "BnoKodok");
         QCOMPARE(messages(), QStringList{"Jelölje ki a BNO kódot a listából!"});
-        m_scratch->messages.clear();
         list->setCurrentRow(0);
         click(*form, "BnoKodok");
         QCOMPARE(textsOf(*form, {"BetegBNO", "BnoKodok"}), (QStringList{code, "Kódtábla"}));
@@ -155,11 +153,9 @@ private slots:
         QVERIFY(textOf(*form, "RpPreview").contains("triginta (XXX)"));
 
         // A right click on a code line shows the rend.dat text of its point.
-        m_scratch->messages.clear();
         form->BnoEuLstRightClick();
-        QCOMPARE(messages().size(), 1);
-        QVERIFY(messages().front().startsWith("Emelt "));
-        m_scratch->messages.clear();
+        const QStringList regulation = messages();
+        QVERIFY(regulation.size() == 1 && regulation.front().startsWith("Emelt "));
         list->addItem("A0000 \t90%  EU999/z\t");
         list->setCurrentRow(list->count() - 1);
         form->BnoEuLstRightClick();
@@ -175,7 +171,6 @@ private slots:
             {"", "I10H0", "Adja meg a mennyiséget!"},
             {"1", "I1090", "Hibás BNO kód"}};  // five characters, but no node of the tree holds it
         for (const auto& [quantity, bno, message] : cases) {
-            m_scratch->messages.clear();
             control<QLineEdit>(*form, "Mennyiseg")->setText(quantity);
             control<QLineEdit>(*form, "BetegBNO")->setText(bno);
             click(*form, "RpSaveOnly");
@@ -242,7 +237,6 @@ private slots:
         click(*form, "RpPrint");
         QCOMPARE(messages(), (QStringList{"Rövid BNO kód", "Hibás adatok!"}));
         QCOMPARE(printed.count, 0);
-        m_scratch->messages.clear();
         control<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
         click(*form, "RpSaveOnly");
         QCOMPARE(messages(), QStringList{"Recept elmentve."});

@@ -18,6 +18,7 @@ struct DrugList : SixProductState {
     MessageRecorder messages;
     std::unique_ptr<TGylist> form;
 
+    explicit DrugList(const char* ttValue = nullptr) { open(ttValue); }
     // Opens the window anew, the database's RV.INI holding `ttValue` for "TTNemKellLeirasba".
     void open(const char* ttValue = nullptr)
     {
@@ -50,6 +51,18 @@ struct DrugList : SixProductState {
     }
 };
 
+// The description window on the six-product database, showing `record`.
+struct Description : SixProductState {
+    Shown<TGyKozos> form{state};
+    QTextEdit* box = control<QTextEdit>(form, "GyKozosLeiro");
+
+    explicit Description(std::int32_t record, const char* caption)
+    {
+        form.showProduct(record, caption);
+        QVERIFY(QTest::qWaitForWindowExposed(&form));
+    }
+};
+
 const QString kAlfa = "ALFA 5 MG TABLETTA 30X  13.3 Ft/nap";
 const QString kBeta = "BETA 10 MG TABLETTA 30X  6.7 Ft/nap";
 const QString kGamma = "GAMMA KAPSZULA 20X  N.á.";
@@ -62,8 +75,7 @@ class TestRvlist : public QObject
 private slots:
     void firstShowListsTheMedicinesAndReadsTheTtSetting()
     {
-        DrugList list;
-        list.open("XIGENX");  // "contains IGEN" is enough here
+        DrugList list("XIGENX");  // "contains IGEN" is enough here
         QVERIFY(control<QRadioButton>(*list.form, "RBGyogyszer")->isChecked());
         auto* names = control<QComboBox>(*list.form, "Gylist");
         QCOMPARE(names->count(), 4);
@@ -84,7 +96,6 @@ private slots:
     void choosingAMedicineShowsItsDescriptionLevelsAndSameAtcProducts()
     {
         DrugList list;
-        list.open();
         QVERIFY(!control<QCheckBox>(*list.form, "TTNemKell")->isChecked());
         list.choose(0);
         QVERIFY(list.describes("ALFA 5 MG"));
@@ -100,24 +111,17 @@ private slots:
         QCOMPARE(textOf(*list.form, "Gylist"), QString("GAMMA KAPSZULA 20X"));
         QCOMPARE(control<QListWidget>(*list.form, "AzonAtcNev")->currentRow(), 1);
         QCOMPARE(linesOf(*list.form, "AzonAtcNev"), (QStringList{kAlfa, kGamma}));
-    }
-
-    void threeLevelsAndTheFirstLevelListsTheWholeLetter()
-    {
-        DrugList list;
-        list.open();
         list.choose(3);  // DELTA: A01A and A01AA- are no groups
         QCOMPARE(linesOf(*list.form, "AzonAtc").size(), 3);
         list.choose(1);
-        control<QListWidget>(*list.form, "AzonAtc")->setCurrentRow(0);
-        QCOMPARE(list.found(), (std::vector<std::int32_t>{1, 0, 2}));  // every product of "C"
+        control<QListWidget>(*list.form, "AzonAtc")->setCurrentRow(0);  // "C" lists the whole letter
+        QCOMPARE(list.found(), (std::vector<std::int32_t>{1, 0, 2}));
         QCOMPARE(linesOf(*list.form, "AzonAtcNev").size(), 3);
     }
 
     void priceAndNameOrderKeepTheFoundTableInStep()
     {
         DrugList list;
-        list.open();
         list.choose(0);
         control<QListWidget>(*list.form, "AzonAtc")->setCurrentRow(1);  // C08
         QCOMPARE(linesOf(*list.form, "AzonAtcNev"), (QStringList{kBeta, kAlfa, kGamma}));
@@ -133,7 +137,6 @@ private slots:
     void nutritionProductsMapPastTheMedicinesAndFillNoLevels()
     {
         DrugList list;
-        list.open();
         list.choose(0);
         click(*list.form, "RBTapszer");
         QCOMPARE(textOf(*list.form, "Leiras1"), QString());
@@ -149,9 +152,8 @@ private slots:
     // user's RV.INI, and the folder's RV.INI only gives the value the user has not set.
     void ttBoxIsTheUsersSettingOverTheDatabaseFoldersDefault()
     {
-        DrugList list;
+        DrugList list("IGEN");
         const auto userIni = list.profile.directory().path() / "RV.INI";
-        list.open("IGEN");
         QVERIFY(control<QCheckBox>(*list.form, "TTNemKell")->isChecked());
         const auto writable = std::filesystem::status(list.directory).permissions();
         std::filesystem::permissions(list.directory,
@@ -180,7 +182,7 @@ private slots:
         QImage picture(40, 30, QImage::Format_RGB32);
         picture.fill(Qt::red);
         QVERIFY(picture.save(QString::fromStdString((list.directory / "r1.jpg").string())));
-        list.open();
+        list.open();  // again, with the picture there
         auto* box = control<QTextEdit>(*list.form, "Leiras1");
         auto* image = control<QLabel>(*list.form, "RgImage1");
         const int fullHeight = box->height();
@@ -258,66 +260,49 @@ private slots:
     {
         QFETCH(QString, button);
         QFETCH(QString, heading);
-        SixProductState fixture;
-        Shown<TGyKozos> form(fixture.state);
-        form.showProduct(0, "ALFA");
-        QVERIFY(QTest::qWaitForWindowExposed(&form));
-        auto* box = control<QTextEdit>(form, "GyKozosLeiro");
-        click(form, qPrintable(button));
-        QVERIFY(box->toPlainText().indexOf(heading) > 0);
-        QCOMPARE(box->textCursor().position(), box->toPlainText().indexOf(heading));
-        QVERIFY(box->hasFocus());
+        const Description shown(0, "ALFA");
+        click(shown.form, qPrintable(button));
+        QVERIFY(shown.box->toPlainText().indexOf(heading) > 0);
+        QCOMPARE(shown.box->textCursor().position(), shown.box->toPlainText().indexOf(heading));
+        QVERIFY(shown.box->hasFocus());
         if (button != "JumpJav") return;
         // Scrolled to the end first, then back up: the heading stands at the top of the box, not at its
         // bottom.
-        QVERIFY(box->verticalScrollBar()->value() > 0);
-        QVERIFY2(box->cursorRect().top() < 30, qPrintable(QString::number(box->cursorRect().top())));
+        QVERIFY(shown.box->verticalScrollBar()->value() > 0);
+        QVERIFY2(shown.box->cursorRect().top() < 30,
+                 qPrintable(QString::number(shown.box->cursorRect().top())));
     }
 
     void descriptionJumpThatFindsNothingChangesNothing()
     {
-        SixProductState fixture;
-        Shown<TGyKozos> form(fixture.state);
-        form.showProduct(1, "BETA");  // no #ov, #til, #mer
-        QVERIFY(QTest::qWaitForWindowExposed(&form));
-        auto* box = control<QTextEdit>(form, "GyKozosLeiro");
-        QTextCursor cursor = box->textCursor();
+        const Description shown(1, "BETA");  // no #ov, #til, #mer
+        QTextCursor cursor = shown.box->textCursor();
         cursor.setPosition(20);
-        box->setTextCursor(cursor);
-        const int scroll = box->verticalScrollBar()->value();
+        shown.box->setTextCursor(cursor);
+        const int scroll = shown.box->verticalScrollBar()->value();
         for (const char* name : {"JumpOv", "JumpTil", "JumpMer", "JumpEll", "JumpMh"}) {
-            click(form, name);
-            QCOMPARE(box->textCursor().position(), 20);
-            QCOMPARE(box->verticalScrollBar()->value(), scroll);
+            click(shown.form, name);
+            QCOMPARE(shown.box->textCursor().position(), 20);
+            QCOMPARE(shown.box->verticalScrollBar()->value(), scroll);
         }
     }
 
-    void descriptionSearchIsCaseSensitiveAndTheCutTextsStayCut()
+    // The search is case sensitive and the cut headings stay cut; the description boxes of the drug list
+    // and the active-ingredient window are this same kit box, with the same right-click notice.
+    void descriptionSearchAndRightClick()
     {
-        SixProductState fixture;
-        Shown<TGyKozos> form(fixture.state);
-        form.showProduct(0, "ALFA");
-        auto* box = control<QTextEdit>(form, "GyKozosLeiro");
-        form.SearchRtf("atc");
-        QCOMPARE(box->textCursor().position(), 0);
-        box->setPlainText("Együttadása kerülend\nMérgezés esetén teend");
-        click(form, "JumpMer");
-        QCOMPARE(box->textCursor().position(), 21);
-    }
-
-    // The description boxes of the drug list and the active-ingredient window are the same kit box.
-    void descriptionRightClickShowsThePrescriptionNotice()
-    {
-        SixProductState fixture;
-        Shown<TGyKozos> form(fixture.state);
-        form.showProduct(0, "ALFA");
-        auto* box = control<QTextEdit>(form, "GyKozosLeiro");
-        QTest::mouseClick(box->viewport(), Qt::LeftButton);
-        QCOMPARE(form.messages.texts(), QStringList());
-        QTest::mousePress(box->viewport(), Qt::RightButton);
-        QCOMPARE(form.messages.texts(),
+        Description shown(0, "ALFA");
+        shown.form.SearchRtf("atc");
+        QCOMPARE(shown.box->textCursor().position(), 0);
+        QTest::mouseClick(shown.box->viewport(), Qt::LeftButton);
+        QCOMPARE(shown.form.messages.texts(), QStringList());
+        QTest::mousePress(shown.box->viewport(), Qt::RightButton);
+        QCOMPARE(shown.form.messages.texts(),
                  QStringList{"Változás: Receptnyomtatás a -Részletes lista- menüpont alatt."});
-        QCOMPARE(form.messages.captions(), QStringList{QString()});
+        QCOMPARE(shown.form.messages.captions(), QStringList{QString()});
+        shown.box->setPlainText("Együttadása kerülend\nMérgezés esetén teend");
+        click(shown.form, "JumpMer");
+        QCOMPARE(shown.box->textCursor().position(), 21);
     }
 };
 

@@ -305,13 +305,13 @@ private slots:
         const QString named =
             QString::fromStdString((givenHoldsDatabase ? m_start->data.path() : empty.path()).string());
         QDir::setCurrent(QString::fromStdString(empty.path().string()));
-        qputenv("XDG_DATA_HOME", xdg.path().c_str());
-        if (given == "environment") qputenv("ROVANEL_DATA_DIR", named.toUtf8());
+        rovanel::testing::ScopedEnvironment environment;
+        environment.set("XDG_DATA_HOME", xdg.path().string());
+        if (given == "environment") environment.set("ROVANEL_DATA_DIR", named.toStdString());
         QStringList arguments{"-gy"};
         if (given == "option") arguments = QStringList{"--data", named, "-gy"};
 
         const bool entered = enterDataRoot(arguments);
-        qunsetenv("ROVANEL_DATA_DIR");
         QCOMPARE(arguments, QStringList{"-gy"});
         const QStringList searched =
             given.isEmpty() ? QStringList{QDir::currentPath(), userFolder} : QStringList{named};

@@ -52,7 +52,7 @@ struct Run : TinyDatabaseStart {
     Run()
     {
         server.body = kNewer;
-        qputenv("ROVANEL_UPDATE_URL", server.url().toUtf8());
+        environment.set("ROVANEL_UPDATE_URL", server.url().toStdString());
         main.upgradeCheck().setNoticeWindow(&notice);
         main.show();  // FormShow clears UpgChecked
         settings.show();
@@ -65,6 +65,23 @@ struct Run : TinyDatabaseStart {
     TMsgDlg notice{registry};
     RecordingStore store{registry};
     TRvSettings settings{main, store};
+    rovanel::testing::ScopedEnvironment environment;
+
+    QLineEdit* edit(const char* name) const { return control<QLineEdit>(settings, name); }
+    [[nodiscard]] QStringList memo() const
+    {
+        return control<QPlainTextEdit>(settings, "ChkMemo")->toPlainText().split('\n');
+    }
+    // The settings window's test button, waited for to its end.
+    void runManually() const
+    {
+        click(settings, "HttpChk");
+        QTRY_VERIFY_WITH_TIMEOUT(memo().endsWith("Lekérdezés vége"), 20000);
+    }
+    [[nodiscard]] bool setting(const char* name)
+    {
+        return rovanel::RegReadBool(registry, kRovanel + name).value;
+    }
 };
 
 }  // namespace
@@ -73,12 +90,9 @@ class TestSettingsform : public QObject
 {
     Q_OBJECT
 private slots:
-    void init() { m_run = std::make_unique<Run>(); }
-    void cleanup() { m_run.reset(); }
-
     void windowShowsTheStoredSettingsAndSavesThemInOrderOnEveryClose()
     {
-        Run& run = *m_run;
+        Run run;
         QCOMPARE(run.settings.windowTitle(), QString("Rovanel beállítások"));
         QCOMPARE(textsOf(run.settings, {"WebChk", "chbUpgShow2", "CloseSettings", "HttpChk", "SettingsQuit",
                                         "Label1", "Port", "GroupBox1", "GroupBox2"}),
@@ -93,7 +107,7 @@ private slots:
         run.settings.show();
         QVERIFY(control<QCheckBox>(run.settings, "WebChk")->isChecked());
         QVERIFY(!control<QCheckBox>(run.settings, "chbUpgShow2")->isChecked());
-        QCOMPARE(edit("HttpProxy")->text(), QString("proxy.rendelo.hu"));
+        QCOMPARE(run.edit("HttpProxy")->text(), QString("proxy.rendelo.hu"));
 
         // "&Tovább", the title bar, and "Kilép" (which saves, then closes and saves again).
         const QStringList order{"CheckUpg", "UpgShow", "HttpProxy", "ProxyPort"};
@@ -103,12 +117,12 @@ private slots:
         for (int round = 0; round < 3; ++round) {
             run.settings.show();
             control<QCheckBox>(run.settings, "WebChk")->setChecked(round == 1);
-            edit("HttpProxyPort")->setText(QString("31x%1").arg(round));  // saved as typed
+            run.edit("HttpProxyPort")->setText(QString("31x%1").arg(round));  // saved as typed
             run.store.writes.clear();
             closings[round]();
             QVERIFY(!run.settings.isVisible());
             QCOMPARE(run.store.writes, round == 2 ? order + order : order);
-            QCOMPARE(setting("CheckUpg"), round == 1);
+            QCOMPARE(run.setting("CheckUpg"), round == 1);
             QCOMPARE(rovanel::RegReadString(run.registry, kRovanel + "ProxyPort").value,
                      "31x" + std::to_string(round));
         }
@@ -117,11 +131,11 @@ private slots:
 
     void testButtonShowsProgressNoticeAndTitleEveryTime()
     {
-        Run& run = *m_run;
+        Run run;
         const QString title = run.main.windowTitle();
         for (int time = 1; time <= 2; ++time) {
-            runManually();
-            QStringList seen = memo();
+            run.runManually();
+            QStringList seen = run.memo();
             seen.removeDuplicates();  // "Adat érkezett" for every packet
             QCOMPARE(seen, QStringList({"Lekérdezés indul", "Szerver megvan", "Kapcsolódás", "Adat elment",
                                         "Státusz változott", "Adat érkezett", "Rendben", "Szétkapcsolás",
@@ -140,7 +154,7 @@ private slots:
 
     void manualRunTellsWhatTheServerSaid()
     {
-        Run& run = *m_run;
+        Run run;
         const QString none("Nincsen újabb adatbázis a www.rovanel.hu oldalon");
         const struct {
             const char* what;
@@ -167,13 +181,14 @@ private slots:
             run.server.status = c.status;
             run.server.body = c.body;
             const quint16 port = c.status == 0 ? LoopbackHttpServer::closedPort() : run.server.serverPort();
-            qputenv("ROVANEL_UPDATE_URL", QString("http://127.0.0.1:%1/rvupg.ini").arg(port).toUtf8());
+            run.environment.set("ROVANEL_UPDATE_URL",
+                                "http://127.0.0.1:" + std::to_string(port) + "/rvupg.ini");
             run.notice.hide();
             run.messages.clear();
-            runManually();
-            QVERIFY2(run.messages.texts() == (c.message.isEmpty() ? QStringList{} : QStringList{c.message}),
+            run.runManually();
+            QVERIFY2(run.messages.take() == (c.message.isEmpty() ? QStringList{} : QStringList{c.message}),
                      c.what);
-            QVERIFY2(memo().value(memo().size() - 2) == QString(c.lastLine), c.what);
+            QVERIFY2(run.memo().value(run.memo().size() - 2) == QString(c.lastLine), c.what);
             QVERIFY2(run.notice.isVisible() == c.notice, c.what);
             QVERIFY2(!c.notice || textOf(run.notice, "Label2") == "www.rovanel.hu", c.what);
             QVERIFY2(run.main.UpgChecked && !run.main.UpgRunning, c.what);
@@ -182,47 +197,47 @@ private slots:
 
     void silentServerEndsByItsTimeOutWhileTheWindowAnswersAndRefusesASecondRun()
     {
-        Run& run = *m_run;
+        Run run;
         run.server.behaviour = Behaviour::NeverAnswer;
         click(run.settings, "HttpChk");
         // The click returned at once; the check runs on while the window takes input.
         QVERIFY(run.main.UpgRunning);
         QTRY_COMPARE(run.server.requestLines.size(), 1);
-        QTest::keyClicks(edit("HttpProxyPort"), "8");
-        QCOMPARE(edit("HttpProxyPort")->text(), QString("8"));
+        QTest::keyClicks(run.edit("HttpProxyPort"), "8");
+        QCOMPARE(run.edit("HttpProxyPort")->text(), QString("8"));
         // A second test and a timer tick meanwhile: both return at once and send nothing.
         click(run.settings, "HttpChk");
-        QCOMPARE(memo(), QStringList({"Lekérdezés indul", "Lekérdezés vége"}));
+        QCOMPARE(run.memo(), QStringList({"Lekérdezés indul", "Lekérdezés vége"}));
         run.main.Timer1Timer();
         QTRY_VERIFY_WITH_TIMEOUT(!run.main.UpgRunning, 20000);
         QCOMPARE(run.server.requestLines.size(), 1);
         // The first run's own lines come after the second test's.
-        QCOMPARE(memo(), QStringList({"Lekérdezés indul", "Lekérdezés vége", "Hiba", "Szétkapcsolás",
-                                      "Lekérdezés vége"}));
+        QCOMPARE(run.memo(), QStringList({"Lekérdezés indul", "Lekérdezés vége", "Hiba", "Szétkapcsolás",
+                                          "Lekérdezés vége"}));
         QCOMPARE(run.messages.texts(), QStringList{kUnreachable});
     }
 
     void proxyFromTheSettingsCarriesTheRequest()
     {
-        Run& run = *m_run;
-        qputenv("ROVANEL_UPDATE_URL", "http://frissites.rovanel.invalid/rovanel/rvupg.ini");
-        edit("HttpProxy")->setText("127.0.0.1");  // saved by the test button before it runs
-        edit("HttpProxyPort")->setText(QString::number(run.server.serverPort()));
-        runManually();
+        Run run;
+        run.environment.set("ROVANEL_UPDATE_URL", "http://frissites.rovanel.invalid/rovanel/rvupg.ini");
+        run.edit("HttpProxy")->setText("127.0.0.1");  // saved by the test button before it runs
+        run.edit("HttpProxyPort")->setText(QString::number(run.server.serverPort()));
+        run.runManually();
         QCOMPARE(run.server.requestLines,
                  QList<QByteArray>{"GET http://frissites.rovanel.invalid/rovanel/rvupg.ini HTTP/1.1"});
         QVERIFY(run.notice.isVisible());
         // Without the proxy the made-up host is not found, and the message names it.
-        edit("HttpProxy")->clear();
-        runManually();
-        QVERIFY(memo().contains("Érvénytelen cím"));
+        run.edit("HttpProxy")->clear();
+        run.runManually();
+        QVERIFY(run.memo().contains("Érvénytelen cím"));
         QCOMPARE(run.messages.texts(), QStringList{"Hiba: frissites.rovanel.invalid nem érhető el."});
     }
 
     // Switching the check off is stored, but the automatic run still runs once: kept on purpose.
     void automaticRunIsOncePerProgramRunAndShowsOnlyTheTitleWhenSwitchedOff()
     {
-        Run& run = *m_run;
+        Run run;
         // This database was seen before, so the notice stays off.
         QVERIFY(!rovanel::RegWriteString(run.registry, kRovanel + "Version", "20261101"));
         QVERIFY(!rovanel::RegWriteBool(run.registry, kRovanel + "UpgShow", false));
@@ -237,8 +252,8 @@ private slots:
         QVERIFY(!run.notice.isVisible());
         // A failed automatic run says nothing.
         run.main.UpgChecked = false;
-        qputenv("ROVANEL_UPDATE_URL",
-                QString("http://127.0.0.1:%1/").arg(LoopbackHttpServer::closedPort()).toUtf8());
+        run.environment.set("ROVANEL_UPDATE_URL",
+                            "http://127.0.0.1:" + std::to_string(LoopbackHttpServer::closedPort()) + "/");
         run.main.HttpChkClick();
         QTRY_VERIFY(run.main.UpgChecked);
         QVERIFY(run.messages.texts().isEmpty());
@@ -248,18 +263,20 @@ private slots:
     // runs again in this program run.
     void registryErrorLeavesTheCheckRunningForTheRestOfTheRun()
     {
-        QVERIFY(!rovanel::RegWriteInteger(m_run->registry, kRovanel + "Version", 1));
-        runManually();
-        QCOMPARE(m_run->messages.texts(), QStringList{"Az adat érvénytelen."});
-        QVERIFY(m_run->main.UpgRunning && !m_run->notice.isVisible());
-        runManually();
-        QCOMPARE(memo(), QStringList({"Lekérdezés indul", "Lekérdezés vége"}));
-        QCOMPARE(m_run->server.requestLines.size(), 1);
+        Run run;
+        QVERIFY(!rovanel::RegWriteInteger(run.registry, kRovanel + "Version", 1));
+        run.runManually();
+        QCOMPARE(run.messages.texts(), QStringList{"Az adat érvénytelen."});
+        QVERIFY(run.main.UpgRunning && !run.notice.isVisible());
+        run.runManually();
+        QCOMPARE(run.memo(), QStringList({"Lekérdezés indul", "Lekérdezés vége"}));
+        QCOMPARE(run.server.requestLines.size(), 1);
     }
 
     void noticeSwitchedOffOnlyByItsCheckedBox()
     {
-        TMsgDlg& notice = m_run->notice;
+        Run run;
+        TMsgDlg& notice = run.notice;
         auto* box = control<QCheckBox>(notice, "chbNoUpgMsg");
         QCOMPARE(textsOf(notice, {"chbNoUpgMsg", "Button1"}),
                  (QStringList{"&Ez az üzenet ne jelenjék meg többet.", "&Tovább"}));
@@ -272,13 +289,13 @@ private slots:
             else
                 click(notice, "Button1");
             QVERIFY(!notice.isVisible());
-            QCOMPARE(setting("UpgShow"), expected);
+            QCOMPARE(run.setting("UpgShow"), expected);
         }
     }
 
     void refreshFromTheMenuInstallsTheNewerDatabaseAndRestarts()
     {
-        Run& run = *m_run;
+        Run run;
         int restarts = 0;
         const Restarter previous = setRestarter([&] { ++restarts; });
         rovanel::testing::ScratchDirectory update;
@@ -288,31 +305,15 @@ private slots:
         auto* item = control<QAction>(run.main, "Frissites");
         QVERIFY(item->isEnabled());
         item->trigger();
-        QCOMPARE(run.messages.texts(), QStringList({"Az adatbázis változott, indul a frissítés.",
-                                                    "Sikeres frissítés, a program újra indul."}));
+        QCOMPARE(run.messages.take(), QStringList({"Az adatbázis változott, indul a frissítés.",
+                                                   "Sikeres frissítés, a program újra indul."}));
         QCOMPARE(restarts, 1);
         QCOMPARE(run.data.read("nevrend.dat"), std::string("new names"));
-        run.messages.clear();
         item->trigger();
         QCOMPARE(run.messages.texts(), QStringList{"Nincs újabb adatbázis a frissítési könyvtárban."});
         QCOMPARE(restarts, 1);
         setRestarter(previous);
     }
-
-private:
-    QLineEdit* edit(const char* name) { return control<QLineEdit>(m_run->settings, name); }
-    QStringList memo()
-    {
-        return control<QPlainTextEdit>(m_run->settings, "ChkMemo")->toPlainText().split('\n');
-    }
-    void runManually()
-    {
-        click(m_run->settings, "HttpChk");
-        QTRY_VERIFY_WITH_TIMEOUT(memo().endsWith("Lekérdezés vége"), 20000);
-    }
-    bool setting(const char* name) { return rovanel::RegReadBool(m_run->registry, kRovanel + name).value; }
-
-    std::unique_ptr<Run> m_run;
 };
 
 QTEST_MAIN(TestSettingsform)

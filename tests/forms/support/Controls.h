@@ -109,6 +109,13 @@ inline QTreeWidgetItem* chooseNode(QTreeWidget* tree, int node)
     return nullptr;
 }
 
+// The text of a tree's current node; empty when none is current.
+inline QString currentNode(const QObject& form, const char* tree)
+{
+    const QTreeWidgetItem* item = control<QTreeWidget>(form, tree)->currentItem();
+    return item ? item->text(0) : QString();
+}
+
 // Picks from a name list as a user does: types `typed` into its edit line and presses Enter on the
 // filtered list, which picks the first match.
 inline void pickByTyping(QComboBox* list, const QString& typed)

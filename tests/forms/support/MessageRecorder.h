@@ -28,6 +28,13 @@ public:
     [[nodiscard]] QStringList texts() const { return converted(&rovanel::Message::text); }
     [[nodiscard]] QStringList captions() const { return converted(&rovanel::Message::caption); }
     void clear() { m_messages.clear(); }
+    // The texts shown since the last take.
+    [[nodiscard]] QStringList take()
+    {
+        const QStringList shown = texts();
+        clear();
+        return shown;
+    }
 
 private:
     [[nodiscard]] QStringList converted(std::string rovanel::Message::*part) const
