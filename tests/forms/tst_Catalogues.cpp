@@ -1,54 +1,52 @@
 // The medical aids and the FoNo formulary windows driven by their controls' names, on catalogue files
 // written into a scratch data folder.
-#include <QtTest>
 
 #include "catalogues/forms/Fono.h"
 #include "catalogues/forms/Se.h"
-#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/Windows.h"
 
 namespace
 {
 
-void writeAids(const CatalogueWindowState& fixture)
-{
-    const char* se =
-        "010101\tTérdortézis\tdarab\t100\t80\t20\t0\t0\t0\t0\tI\t1\t-\t-\t12\t-\t-\r\n"
-        "010102\tBokaortézis\tpár\t200\t0\t200\t0\t0\t0\t0\tN\t2\t-\t-\t6\t-\t-\r\n"
-        "010201\tJárókeret\tdarab\t300\t250\t50\t20\t280\t0\t0\tN\t1\t1\t-\t60\t60\t-\r\n";
-    fixture.write("se.dat", se);
-    fixture.write("senrend2.dat", "01 Ortézisek\r\n\t01 01 Alsó végtag\r\n\t01 02 Járást segítők\r\n");
-    fixture.write("sekod2.dat", "01\r\n0101\r\n0102\r\n");
-    fixture.write("sepos.dat",
-                  "0\r\n0\r\n" + std::to_string(rovanel::utf8ToCp1250(se).find("010201")) + "\r\n");
-    fixture.write("seiso.dat", "01\r\n01 01\r\n01 02\r\n");
-    fixture.write("senev.dat",
-                  "Térdortézis darab\t010101\r\nBokaortézis pár\t010102\r\nJárókeret darab\t010201\r\n");
-    fixture.write("semegj.dat", "01\t1\tszakorvosi javaslatra~~rendelhető\r\n0102\t5\tkölcsönözhető is\r\n");
-}
-
-void writeFormulary(const CatalogueWindowState& fixture)
-{
-    const std::string fono =
-        "#1\r\nPasta zinci 10%\r\nFoNo VII. 1.1\r\n#2\r\nPasta zinci 10%\r\nRp.\r\nZinci oxydati   10,0\r\n"
-        "Javallat: nedvedző bőr\r\n\r\n"
-        "#1\r\nUnguentum acidi salicylici 5%\r\nFoNo VII. 1.2\r\n#2\r\nUnguentum acidi salicylici "
-        "5%\r\nRp.\r\n"
-        "Ellenjavallat: szalicilát-túlérzékenység, Javallat: hámlasztás\r\nMegjegyzés: 8 hét\r\n";
-    fixture.write("fono.dat", fono);
-    fixture.write("fononev.dat", "Pasta zinci 10%\r\nUnguentum acidi salicylici 5%\r\n");
-    fixture.write("fonoidx.dat",
-                  "0\r\n" + std::to_string(rovanel::utf8ToCp1250(fono).find("#1\r\nUnguentum")) + "\r\n");
-    fixture.write(
-        "fononr.txt",
-        "I. Bőrgyógyászati készítmények\r\n\tUnguentum acidi salicylici 5%\r\n\tPasta zinci 10%\r\n");
-}
-
+// The aids catalogue (three aids in two groups of one chapter), written at once or later by writeAll().
 struct Aids : CatalogueWindowState {
-    Aids() { writeAids(*this); }
+    explicit Aids(bool written = true)
+    {
+        if (written) writeAll();
+    }
+    void writeAll() const
+    {
+        const char* se =
+            "010101\tTérdortézis\tdarab\t100\t80\t20\t0\t0\t0\t0\tI\t1\t-\t-\t12\t-\t-\r\n"
+            "010102\tBokaortézis\tpár\t200\t0\t200\t0\t0\t0\t0\tN\t2\t-\t-\t6\t-\t-\r\n"
+            "010201\tJárókeret\tdarab\t300\t250\t50\t20\t280\t0\t0\tN\t1\t1\t-\t60\t60\t-\r\n";
+        write("se.dat", se);
+        write("senrend2.dat", "01 Ortézisek\r\n\t01 01 Alsó végtag\r\n\t01 02 Járást segítők\r\n");
+        write("sekod2.dat", "01\r\n0101\r\n0102\r\n");
+        write("sepos.dat", "0\r\n0\r\n" + std::to_string(rovanel::utf8ToCp1250(se).find("010201")) + "\r\n");
+        write("seiso.dat", "01\r\n01 01\r\n01 02\r\n");
+        write("senev.dat",
+              "Térdortézis darab\t010101\r\nBokaortézis pár\t010102\r\nJárókeret darab\t010201\r\n");
+        write("semegj.dat", "01\t1\tszakorvosi javaslatra~~rendelhető\r\n0102\t5\tkölcsönözhető is\r\n");
+    }
 };
+
+// The FoNo files: two items, their names, index and chapter tree.
 struct Formulary : CatalogueWindowState {
-    Formulary() { writeFormulary(*this); }
+    Formulary()
+    {
+        const std::string fono =
+            "#1\r\nPasta zinci 10%\r\nFoNo VII. 1.1\r\n#2\r\nPasta zinci 10%\r\nRp.\r\n"
+            "Zinci oxydati   10,0\r\nJavallat: nedvedző bőr\r\n\r\n#1\r\nUnguentum acidi salicylici 5%\r\n"
+            "FoNo VII. 1.2\r\n#2\r\nUnguentum acidi salicylici 5%\r\nRp.\r\nEllenjavallat: szalicilát-"
+            "túlérzékenység, Javallat: hámlasztás\r\nMegjegyzés: 8 hét\r\n";
+        write("fono.dat", fono);
+        write("fononev.dat", "Pasta zinci 10%\r\nUnguentum acidi salicylici 5%\r\n");
+        write("fonoidx.dat",
+              "0\r\n" + std::to_string(rovanel::utf8ToCp1250(fono).find("#1\r\nUnguentum")) + "\r\n");
+        write("fononr.txt",
+              "I. Bőrgyógyászati készítmények\r\n\tUnguentum acidi salicylici 5%\r\n\tPasta zinci 10%\r\n");
+    }
 };
 
 QColor colourAt(const QTextEdit* box, int position)
@@ -66,8 +64,7 @@ class TestCatalogues : public QObject
 private slots:
     void aidsTreeSearchListsHitsAndAGroupsAidShowsItsDescription()
     {
-        Aids fixture;
-        Shown<TSegedeszk> form(fixture.state);
+        On<TSegedeszk, Aids> form;
         QCOMPARE(form.windowTitle(), QString("Gyógyászati segédeszközök"));
         QVERIFY(control<QRadioButton>(form, "FabaListaba1")->isChecked());
         auto* tree = control<QTreeWidget>(form, "SeTree");
@@ -95,8 +92,7 @@ private slots:
 
     void aidsOneByOneSelectsEachHitInTurn()
     {
-        Aids fixture;
-        Shown<TSegedeszk> form(fixture.state);
+        On<TSegedeszk, Aids> form;
         click(form, "FabaListaba0");
         QVERIFY(control<QRadioButton>(form, "FabaListaba0")->isChecked());
         typeInto(form, "SeEdt", "01");
@@ -119,8 +115,7 @@ private slots:
 
     void aidsNameSearchFindsTheAidInItsGroup()
     {
-        Aids fixture;
-        Shown<TSegedeszk> form(fixture.state);
+        On<TSegedeszk, Aids> form;
         typeInto(form, "SeEdt", "bokaORT");
         click(form, "SeNevKeres");
         QCOMPARE(linesOf(form, "FoundSeLst"), QStringList{"Bokaortézis pár"});
@@ -141,25 +136,22 @@ private slots:
     // A missing file leaves the window empty, and is tried again at the next showing.
     void missingFilesLeaveTheWindowsEmpty()
     {
-        CatalogueWindowState fixture;
-        TSegedeszk aids(fixture.state);
-        TFoNoForm formulary(fixture.state);
-        aids.show();
-        formulary.show();
+        Aids fixture(false);
+        Shown<TSegedeszk> aids(fixture.state);
+        Shown<TFoNoForm> formulary(fixture.state);
         for (const char* button : {"SeKeres", "SeNevKeres", "SeListaz"}) click(aids, button);
         const QStringList none;
         QCOMPARE(linesOf(aids, "SeTree") + linesOf(aids, "SeList"), none);
         QCOMPARE(linesOf(formulary, "FoNoTree") + linesOf(formulary, "FoNoLst"), none);
         aids.hide();
-        writeAids(fixture);
+        fixture.writeAll();
         aids.show();
         QCOMPARE(linesOf(aids, "SeTree"), QStringList{"01 Ortézisek"});
     }
 
     void formularyNodeShowsItsItemWithColouredTitleAndLabels()
     {
-        Formulary fixture;
-        Shown<TFoNoForm> form(fixture.state);
+        On<TFoNoForm, Formulary> form;
         QCOMPARE(form.windowTitle(), QString("FoNo"));
         auto* tree = control<QTreeWidget>(form, "FoNoTree");
         tree->setCurrentItem(tree->topLevelItem(0)->child(0));
@@ -182,8 +174,7 @@ private slots:
     // chapter node then shows nothing.
     void formularyPickedNameShowsItsItemAndAChapterNodeNothing()
     {
-        Formulary fixture;
-        Shown<TFoNoForm> form(fixture.state);
+        On<TFoNoForm, Formulary> form;
         auto* names = control<QComboBox>(form, "FoNoLst");
         pickByTyping(names, "SALIC");
         QCOMPARE(names->currentIndex(), 1);

@@ -1,9 +1,7 @@
 // The interaction, side-effect, active-ingredient and regulations windows driven by their controls'
 // names, each on a small database written for it.
-#include <QtTest>
 #include <numeric>
 
-#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/Windows.h"
 #include "views/forms/Rvha.h"
 #include "views/forms/Rvkh.h"
@@ -62,8 +60,7 @@ class TestEngineWindows : public QObject
 private slots:
     void interactionsTwentyDrugsAndThe21stIsRefusedSameDrugTwiceIsSilent()
     {
-        DatabaseState fixture(interactionDatabase());
-        Shown<TKh> form(fixture.state);
+        On<TKh> form(interactionDatabase());
         QCOMPARE(form.windowTitle().left(18), QString("Kölcsönhatás - ATC"));
         QVERIFY(form.windowTitle().endsWith("Help=F1"));
         QCOMPARE(textsOf(form, {"Ellenoriz", "GyToList", "EllToList"}),
@@ -87,8 +84,7 @@ private slots:
 
     void interactionsNineteenContraindicationsAndNodeZeroOnlyAfterClearing()
     {
-        DatabaseState fixture(interactionDatabase());
-        Shown<TKh> form(fixture.state);
+        On<TKh> form(interactionDatabase());
         auto* tree = control<QTreeWidget>(form, "EllTree");
         chooseNode(tree, 0);
         click(form, "EllToList");
@@ -106,8 +102,7 @@ private slots:
 
     void interactionCheckShowsTheReportAndTheDrugsConcerned()
     {
-        DatabaseState fixture(interactionDatabase());
-        Shown<TKh> form(fixture.state);
+        On<TKh> form(interactionDatabase());
         addDrug(form, 0);
         addDrug(form, 2);
         click(form, "Ellenoriz");
@@ -126,8 +121,7 @@ private slots:
 
     void interactionsAtcSearchListsTheGroupAndMegnezOpensTheLinesDrug()
     {
-        DatabaseState fixture(interactionDatabase());
-        Shown<TKh> form(fixture.state);
+        On<TKh> form(interactionDatabase());
         std::vector<std::pair<int, QString>> shown;
         form.setDescriptionViewer(
             [&](std::int32_t record, const QString& caption) { shown.emplace_back(record, caption); });
@@ -145,8 +139,7 @@ private slots:
 
     void interactionsDeletingWithoutASelectedLineAsksForOne()
     {
-        DatabaseState fixture(interactionDatabase());
-        Shown<TKh> form(fixture.state);
+        On<TKh> form(interactionDatabase());
         click(form, "KhSzGyTorol");  // empty list: nothing
         addDrug(form, 0);
         click(form, "KhSzGyTorol");
@@ -154,32 +147,30 @@ private slots:
         QVERIFY(form.messages.messages()[0].taskModal);
         control<QListWidget>(form, "KhSzedettGyList")->setCurrentRow(0);
         click(form, "KhSzGyTorol");
-        QCOMPARE(fixture.state.selection.SzedettGyCount, 0);
-        QCOMPARE(fixture.state.selection.SzedettGy[0], -1);
+        QCOMPARE(form.state.selection.SzedettGyCount, 0);
+        QCOMPARE(form.state.selection.SzedettGy[0], -1);
     }
 
     void sideEffectWindowSharesTheSelectionAndResetsTheSlots()
     {
-        DatabaseState fixture(interactionDatabase());
-        Shown<TKh> kh(fixture.state);
-        TMh mh(fixture.state);
+        On<TKh> kh(interactionDatabase());
+        TMh mh(kh.state);
         addDrug(kh, 0);
         addDrug(kh, 1);
         mh.show();  // resets the slots but keeps the count
-        QCOMPARE(fixture.state.selection.SzedettGyCount, 2);
-        QCOMPARE(fixture.state.selection.SzedettGy[0], -1);
+        QCOMPARE(kh.state.selection.SzedettGyCount, 2);
+        QCOMPARE(kh.state.selection.SzedettGy[0], -1);
         QCOMPARE(linesOf(mh, "MhSzedettGyList"), QStringList{});
         // A drug added in the side-effect window counts in the interaction window too.
         addDrug(mh, 2, "GyList");
-        QCOMPARE(fixture.state.selection.SzedettGy[2], 2);
+        QCOMPARE(kh.state.selection.SzedettGy[2], 2);
         click(kh, "Ellenoriz");
         QCOMPARE(kh.messages.texts(), QStringList{kNoFinding});
     }
 
     void sideEffectSearchAmongAllOver600AndAmongTheDrugsTaken()
     {
-        DatabaseState fixture(manyProducts());
-        Shown<TMh> form(fixture.state);
+        On<TMh> form(manyProducts());
         QCOMPARE(form.windowTitle().left(13), QString("Mellékhatások"));
         const auto search = [&form](int node) {
             auto* tree = control<QTreeWidget>(form, "MhTree");
@@ -205,8 +196,7 @@ private slots:
 
     void ingredientsExactly600WithoutMessageAnd601WithItAndAPickedDrugIsDescribed()
     {
-        DatabaseState fixture(manyProducts());
-        Shown<THaForm> form(fixture.state);
+        On<THaForm> form(manyProducts());
         auto* list = control<QComboBox>(form, "HaList");
         const auto search = [&](int ingredient) {
             list->setCurrentIndex(ingredient);
@@ -221,7 +211,7 @@ private slots:
         QTest::mouseClick(found->viewport(), Qt::LeftButton, {},
                           found->visualItemRect(found->item(3)).center());
         const QString name = QString::fromStdString(
-            rovanel::cp1250ToUtf8(fixture.state.tables.productName(fixture.state.found.recordAt(3))));
+            rovanel::cp1250ToUtf8(form.state.tables.productName(form.state.found.recordAt(3))));
         QVERIFY(!name.isEmpty());
         QVERIFY2(textOf(form, "GyLeiro").contains(name), qPrintable(textOf(form, "GyLeiro")));
         auto* leiro = control<QTextEdit>(form, "GyLeiro");

@@ -1,13 +1,9 @@
 // The forms kit's parts that every window relies on: the name list's filter, and where a window opens.
-#include <QtTest>
-
 #include "tests/forms/support/Controls.h"
 #include "tests/forms/support/UserProfile.h"
 #include "views/forms/kit/NameList.h"
 #include "views/forms/kit/Text.h"
 #include "views/forms/kit/WindowGeometry.h"
-
-using rovanel::forms::NameList;
 
 namespace
 {
@@ -44,7 +40,7 @@ private slots:
     {
         QFETCH(QString, typed);
         QFETCH(QStringList, expected);
-        NameList list("Gylist");
+        rovanel::forms::NameList list("Gylist");
         list.setNames(kNames);
         list.show();
         QVERIFY(QTest::qWaitForWindowExposed(&list));
@@ -66,7 +62,7 @@ private slots:
     {
         QFETCH(int, downs);
         QFETCH(int, expected);
-        NameList list("Gylist");
+        rovanel::forms::NameList list("Gylist");
         list.setNames(kNames);
         QSignalSpy picked(&list, &QComboBox::activated);
         list.show();
@@ -110,25 +106,14 @@ private slots:
         QCOMPARE(rovanel::forms::fitOnScreen(wanted, minimum, QRect(0, 0, 1366, 738)), expected);
     }
 
-    void keptGeometryTextIsCheckedBeforeUse_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QRect>("expected");
-        QTest::newRow("as written") << "3 44 721 572" << QRect(3, 44, 721, 572);
-        QTest::newRow("negative place") << "-20 -5 600 400" << QRect(-20, -5, 600, 400);
-        QTest::newRow("empty") << "" << QRect();
-        QTest::newRow("three numbers") << "1 2 3" << QRect();
-        QTest::newRow("zero width") << "1 2 0 400" << QRect();
-        QTest::newRow("text after") << "1 2 300 400 x" << QRect();
-        QTest::newRow("letters") << "a b c d" << QRect();
-        QTest::newRow("huge") << "0 0 99999999999 400" << QRect();
-    }
-
     void keptGeometryTextIsCheckedBeforeUse()
     {
-        QFETCH(QString, text);
-        QFETCH(QRect, expected);
-        QCOMPARE(rovanel::forms::geometryFromText(text.toStdString()), expected);
+        QCOMPARE(rovanel::forms::geometryFromText("3 44 721 572"), QRect(3, 44, 721, 572));
+        QCOMPARE(rovanel::forms::geometryFromText("-20 -5 600 400"), QRect(-20, -5, 600, 400));
+        // Empty, three numbers, zero width, text after, letters, too large: none is used.
+        for (const char* refused :
+             {"", "1 2 3", "1 2 0 400", "1 2 300 400 x", "a b c d", "0 0 99999999999 400"})
+            QVERIFY2(rovanel::forms::geometryFromText(refused) == QRect(), refused);
     }
 
     void windowReopensWhereTheUserLeftIt()

@@ -2,7 +2,6 @@
 // and the dosage list in a scratch folder and every message box recorded; the BNO browser on the demo's
 // bno.tre; and the renderer of the printed forms, whose PDF is read back with poppler, each value within
 // 1 mm of its box.
-#include <QtTest>
 
 #include "app/IniFile.h"
 #include "app/RegistrySettings.h"
@@ -12,8 +11,6 @@
 #include "rx/RxPrintLayout.h"
 #include "rx/forms/Rvbno.h"
 #include "rx/forms/Rvrp.h"
-#include "tests/forms/support/Capture.h"
-#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/Windows.h"
 
 namespace
@@ -25,15 +22,10 @@ const std::filesystem::path kDemo = ROVANEL_DEMO_DB;
 struct Scratch : WindowSurroundings {
     rovanel::testing::ScratchDirectory folder;
     std::filesystem::path ini = folder.path() / "beteg.ini";
-    std::filesystem::path dosageList = folder.path() / "DsList.txt";
 
     [[nodiscard]] std::string history() const
     {
         return rovanel::readProfileString(ini, rovanel::kPatientSection, "Felirt gyogyszerek", "", 100000);
-    }
-    void setPermanentDrugs(const char* value) const
-    {
-        QVERIFY(rovanel::writeProfileString(ini, rovanel::kPatientSection, "Allando gyogyszerek", value));
     }
 };
 
@@ -69,7 +61,7 @@ class TestPrescription : public QObject
     {
         auto form = std::make_unique<TRp>(m_demo.state, kDemo);
         form->setPatientDataPath(m_scratch->ini);
-        form->setDosageListPath(m_scratch->dosageList);
+        form->setDosageListPath(m_scratch->folder.path() / "DsList.txt");
         form->setToday("20261123");
         form->setSource(3);
         return form;
@@ -182,8 +174,9 @@ private slots:
     // Without an entry of the drug's own only three titles are offered; one shown as "-" is refused.
     void permanentDrugWithoutEntryAllowsOnlyThreeTitles()
     {
-        m_scratch->setPermanentDrugs(
-            "900000001;;ELSO 10 MG;3;2;duas (II);D.S.: reggel;;;;~900000009;;MASIK;0;;;;;;;~");
+        QVERIFY(rovanel::writeProfileString(m_scratch->ini, rovanel::kPatientSection, "Allando gyogyszerek",
+                                            "900000001;;ELSO 10 MG;3;2;duas (II);D.S.: reggel;;;;~900000009;;"
+                                            "MASIK;0;;;;;;;~"));
         auto form = makeForm();
         form->showPermanentDrugs(false);
         QCOMPARE(form->listMode(), 0);
@@ -247,10 +240,9 @@ private slots:
         QVERIFY2(!all.isEmpty(), "pdftotext (poppler-utils) is needed");
         for (const char* expected : {"Rp. Acidi borici 2,0", "Naponta 2x", "I 1 0 H 0"})
             QVERIFY2(all.contains(expected), qPrintable(all));
-        const auto pdf = m_scratch->folder.path() / "masik.pdf";
-        const PdfFileChosen chosen(pdf);
+        const PdfPrints saved(m_scratch->folder.path() / "masik.pdf", PdfPrints::Way::AskedFile);
         click(*form, "RpPdf");
-        QVERIFY(std::filesystem::exists(pdf));
+        QVERIFY(saved.written());
     }
 
     void formatModeAndMarginsAreKeptInTheUserSettings()
@@ -287,7 +279,7 @@ private slots:
         QVERIFY(control<QRadioButton>(*form, "RpFormat2")->isChecked());
         QVERIFY(control<QRadioButton>(*form, "PrintModeGrp1")->isChecked());
         QCOMPARE(control<QSpinBox>(*form, "TopFekvo")->value(), -12);
-        PdfPrints previewed(m_scratch->folder.path() / "elokep.pdf", true);
+        PdfPrints previewed(m_scratch->folder.path() / "elokep.pdf", PdfPrints::Way::Preview);
         addMagistral(*form);
         click(*form, "RpPrint");
         QCOMPARE(previewed.count, 1);
@@ -420,7 +412,7 @@ private slots:
         layout.pages.push_back({{{"a", 100, 100, rovanel::utf8ToCp1250("Előkép"), 10, false}}});
         layout.pages.push_back({{{"b", 100, 100, rovanel::utf8ToCp1250("második"), 10, false}}});
         rovanel::testing::ScratchDirectory directory;
-        PdfPrints previewed(directory.path() / "preview.pdf", true);
+        PdfPrints previewed(directory.path() / "preview.pdf", PdfPrints::Way::Preview);
         rovanel::forms::previewLayout(nullptr, layout);
         QCOMPARE(previewed.orientation, QPageLayout::Landscape);
         const auto words = previewed.words();

@@ -1,12 +1,10 @@
 // The windows on the real database imported from the NEAK tables (build/real-db), as a user meets them:
 // real names, prices and groups, the BNO code G4090, the real aids catalogue, and no all-clear from an
 // interaction check that has no data. With ROVANEL_SCREENSHOTS=DIR each window is also saved there.
-#include <QtTest>
 
 #include "app/forms/Rvmain.h"
 #include "catalogues/forms/Se.h"
 #include "rx/forms/Rvbno.h"
-#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/Windows.h"
 #include "views/forms/Rvkh.h"
 #include "views/forms/Rvlist.h"

@@ -1,10 +1,8 @@
 // The drug list window and the shared description window driven by their control names on the
 // six-product database.
-#include <QtTest>
 #include <algorithm>
 
 #include "app/IniFile.h"
-#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/Windows.h"
 #include "views/forms/Rvgykozos.h"
 #include "views/forms/Rvlist.h"
@@ -52,14 +50,13 @@ struct DrugList : SixProductState {
 };
 
 // The description window on the six-product database, showing `record`.
-struct Description : SixProductState {
-    Shown<TGyKozos> form{state};
-    QTextEdit* box = control<QTextEdit>(form, "GyKozosLeiro");
+struct Description : On<TGyKozos, SixProductState> {
+    QTextEdit* box = control<QTextEdit>(*this, "GyKozosLeiro");
 
     explicit Description(std::int32_t record, const char* caption)
     {
-        form.showProduct(record, caption);
-        QVERIFY(QTest::qWaitForWindowExposed(&form));
+        showProduct(record, caption);
+        QVERIFY(QTest::qWaitForWindowExposed(this));
     }
 };
 
@@ -199,8 +196,7 @@ private slots:
 
     void descriptionButtonsSitInOneRowUnderTheBoxWithWholeCaptions()
     {
-        SixProductState fixture;
-        Shown<TGyKozos> form(fixture.state);
+        On<TGyKozos, SixProductState> form;
         QVERIFY(QTest::qWaitForWindowExposed(&form));
         QCOMPARE(form.size(), QSize(721, 572));
         const QStringList names{"JumpAtc", "JumpHa", "JumpJav", "JumpAdag", "JumpBetegnek",
@@ -261,7 +257,7 @@ private slots:
         QFETCH(QString, button);
         QFETCH(QString, heading);
         const Description shown(0, "ALFA");
-        click(shown.form, qPrintable(button));
+        click(shown, qPrintable(button));
         QVERIFY(shown.box->toPlainText().indexOf(heading) > 0);
         QCOMPARE(shown.box->textCursor().position(), shown.box->toPlainText().indexOf(heading));
         QVERIFY(shown.box->hasFocus());
@@ -281,7 +277,7 @@ private slots:
         shown.box->setTextCursor(cursor);
         const int scroll = shown.box->verticalScrollBar()->value();
         for (const char* name : {"JumpOv", "JumpTil", "JumpMer", "JumpEll", "JumpMh"}) {
-            click(shown.form, name);
+            click(shown, name);
             QCOMPARE(shown.box->textCursor().position(), 20);
             QCOMPARE(shown.box->verticalScrollBar()->value(), scroll);
         }
@@ -292,16 +288,16 @@ private slots:
     void descriptionSearchAndRightClick()
     {
         Description shown(0, "ALFA");
-        shown.form.SearchRtf("atc");
+        shown.SearchRtf("atc");
         QCOMPARE(shown.box->textCursor().position(), 0);
         QTest::mouseClick(shown.box->viewport(), Qt::LeftButton);
-        QCOMPARE(shown.form.messages.texts(), QStringList());
+        QCOMPARE(shown.messages.texts(), QStringList());
         QTest::mousePress(shown.box->viewport(), Qt::RightButton);
-        QCOMPARE(shown.form.messages.texts(),
+        QCOMPARE(shown.messages.texts(),
                  QStringList{"Változás: Receptnyomtatás a -Részletes lista- menüpont alatt."});
-        QCOMPARE(shown.form.messages.captions(), QStringList{QString()});
+        QCOMPARE(shown.messages.captions(), QStringList{QString()});
         shown.box->setPlainText("Együttadása kerülend\nMérgezés esetén teend");
-        click(shown.form, "JumpMer");
+        click(shown, "JumpMer");
         QCOMPARE(shown.box->textCursor().position(), 21);
     }
 };

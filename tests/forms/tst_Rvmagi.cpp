@@ -1,8 +1,6 @@
 // The own magistral list window driven by its controls' names.
-#include <QtTest>
 
 #include "catalogues/forms/Rvmagi.h"
-#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/Windows.h"
 
 namespace
@@ -37,18 +35,17 @@ class TestRvmagi : public QObject
 private slots:
     void addedRecipesAreListedSavedAndReadBack()
     {
-        MagiFolder folder;
-        Shown<TMagiForm> form(folder.state);
+        On<TMagiForm, MagiFolder> form;
         QCOMPARE(form.windowTitle(), QString("Saját Magi receptek"));
-        QCOMPARE(folder.read("MagiList.txt"), std::string());
+        QCOMPARE(form.read("MagiList.txt"), std::string());
         typeRecipe(form, "Kenőcs", "Rp.\nAcidi salicylici 5,0");
         click(form, "MagiAdd");
         typeRecipe(form, "Oldat", "Rp.\nAquae 100,0");
         click(form, "MagiAdd");
-        QCOMPARE(folder.read("MagiList.txt"),
+        QCOMPARE(form.read("MagiList.txt"),
                  "Ken\xF5"
                  "cs\r\nOldat\r\n");
-        QCOMPARE(folder.read("Kenőcs"), "Rp.\r\nAcidi salicylici 5,0");
+        QCOMPARE(form.read("Kenőcs"), "Rp.\r\nAcidi salicylici 5,0");
 
         // Typing filters the names, accents and case folded; Enter picks the first match.
         auto* list = control<QComboBox>(form, "MagiList");
@@ -57,17 +54,17 @@ private slots:
                  (QStringList{"Kenőcs", "Rp.\nAcidi salicylici 5,0"}));
         control<QPlainTextEdit>(form, "MagiTxt")->setPlainText("Rp.\nAcidi salicylici 10,0");
         click(form, "MagiMod");
-        QCOMPARE(folder.read("Kenőcs"), "Rp.\r\nAcidi salicylici 10,0");
+        QCOMPARE(form.read("Kenőcs"), "Rp.\r\nAcidi salicylici 10,0");
         QCOMPARE(list->count(), 2);
 
         // Delete removes the line and the file of the shown name; with nothing shown it does nothing.
         pickByTyping(list, "oldat");
         click(form, "MagiDel");
-        QCOMPARE(folder.read("MagiList.txt"),
+        QCOMPARE(form.read("MagiList.txt"),
                  "Ken\xF5"
                  "cs\r\n");
-        QVERIFY(!std::filesystem::exists(folder.directory.path() / "upd/magi/Oldat"));
-        QVERIFY(std::filesystem::exists(folder.directory.path() / "upd/magi/Kenőcs"));
+        QVERIFY(!std::filesystem::exists(form.directory.path() / "upd/magi/Oldat"));
+        QVERIFY(std::filesystem::exists(form.directory.path() / "upd/magi/Kenőcs"));
         click(form, "MagiDel");
         QCOMPARE(list->count(), 1);
         QCOMPARE(form.messages.texts(), QStringList());
@@ -75,8 +72,7 @@ private slots:
 
     void aNameThatCannotBeAFileIsRefusedBeforeAnythingIsWritten()
     {
-        MagiFolder folder;
-        Shown<TMagiForm> form(folder.state);
+        On<TMagiForm, MagiFolder> form;
         typeRecipe(form, "recept 1/2", "x");
         click(form, "MagiAdd");
         QCOMPARE(form.messages.texts(),
@@ -84,7 +80,7 @@ private slots:
                      "A recept neve nem tartalmazhatja a következő karakterek egyikét: \\ / : * ? \" < > |"});
         QCOMPARE(form.messages.captions(), QStringList{"Saját Magi receptek"});
         QCOMPARE(control<QComboBox>(form, "MagiList")->count(), 0);
-        QCOMPARE(folder.read("MagiList.txt"), std::string());
+        QCOMPARE(form.read("MagiList.txt"), std::string());
     }
 
     void anUnusableFolderSaysSoAtTheFirstShowing()
@@ -103,8 +99,7 @@ private slots:
 
     void aRightClickOnTheRecipeHandsItToThePrescription()
     {
-        MagiFolder folder;
-        Shown<TMagiForm> form(folder.state);
+        On<TMagiForm, MagiFolder> form;
         typeRecipe(form, "Kenőcs", "Rp.\nAcidi salicylici 5,0");
         auto* text = control<QPlainTextEdit>(form, "MagiTxt")->viewport();
         QTest::mouseClick(text, Qt::RightButton);  // no prescription window: nothing happens

@@ -1,13 +1,10 @@
 // The main window driven by its control names: menu, shortcuts, title and age warning, parameters,
 // registry defaults, help key, and the single-instance guard between two real rvw32 processes.
 #include <QLocalSocket>
-#include <QtTest>
 
 #include "app/forms/DataRootStart.h"
 #include "app/forms/Rvmain.h"
 #include "app/forms/SingleInstance.h"
-#include "tests/forms/support/Capture.h"
-#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/Windows.h"
 
 using rovanel::testing::ScratchDirectory;
@@ -251,8 +248,9 @@ private slots:
         }
         // Every window's context has its page; an unknown one gets the index.
         for (const int context : {100, 620, 720}) {
-            QVERIFY(helpPagePath(context).endsWith(QString("help/%1.html").arg(context)));
-            QVERIFY2(QFile::exists(helpPagePath(context)), qPrintable(helpPagePath(context)));
+            const QString page = helpPagePath(context);
+            QVERIFY2(page.endsWith(QString("help/%1.html").arg(context)) && QFile::exists(page),
+                     qPrintable(page));
         }
         QVERIFY(helpPagePath(99999).endsWith("help/index.html"));
 

@@ -1,13 +1,10 @@
 // The detailed list window driven as a user drives it: by control name, offscreen.
-#include <QtTest>
 
 #include "app/IniFile.h"
 #include "app/RegistrySettings.h"
 #include "app/UserPaths.h"
 #include "db/DataFile.h"
 #include "pricelist/forms/Rvref.h"
-#include "tests/forms/support/Controls.h"
-#include "tests/forms/support/UserProfile.h"
 #include "tests/forms/support/Windows.h"
 #include "tests/support/DetailedListDatabase.h"
 
@@ -52,8 +49,6 @@ struct DetailedList {
     }
 };
 
-const QString kChooseAProduct = "Jelöljön ki egy készítményt az alsó listából";
-
 }  // namespace
 
 class TestRvref : public QObject
@@ -66,8 +61,7 @@ private slots:
         QVERIFY(window.defaultsMade);
         QCOMPARE(window.form->windowTitle(), QString("Részletes lista"));
         QCOMPARE(window.list()->model()->columnCount(), 35);
-        QCOMPARE(window.header(0), QString("Név - kiszerelés"));
-        QCOMPARE(window.header(26), QString("Új"));
+        QCOMPARE((QStringList{window.header(0), window.header(26)}), (QStringList{"Név - kiszerelés", "Új"}));
         // The widths come from the settings (RefColWidth\0 = 229 by default).
         QCOMPARE(window.list()->horizontalHeader()->sectionSize(0), 229);
         QCOMPARE(control<QTreeWidget>(*window.form, "AtcTree")->topLevelItemCount(), 2);
@@ -93,7 +87,7 @@ private slots:
         QVERIFY(window.messages.texts().isEmpty());
         // The fixed-group button needs a selected row, then lists ALFA's group and disables itself.
         click(form, "TfxNorm");
-        QCOMPARE(window.messages.texts(), QStringList{kChooseAProduct});
+        QCOMPARE(window.messages.texts(), QStringList{"Jelöljön ki egy készítményt az alsó listából"});
         window.selectRow("ALFA 5 MG");
         click(form, "TfxNorm");
         QCOMPARE(window.names(), (QStringList{"ALFA 5 MG", "EPSZILON 5 MG", "BETA 5 MG"}));
@@ -198,8 +192,8 @@ private slots:
         QVERIFY(headerView->isSectionHidden(32));  // Adagmod
         click(*window.form, "DefColWidth");
         QVERIFY(!headerView->isSectionHidden(32));
-        QCOMPARE(headerView->sectionSize(0), 150);
-        QCOMPARE(headerView->sectionSize(32), 40);
+        QCOMPARE((QList<int>{headerView->sectionSize(0), headerView->sectionSize(32)}),
+                 (QList<int>{150, 40}));
         headerView->resizeSection(3, 77);
         click(*window.form, "SaveColWidth");
         window.reopen();
@@ -215,7 +209,7 @@ private slots:
         std::vector<std::int32_t> opened;
         form.setDescriptionViewer([&](std::int32_t record, const QString&) { opened.push_back(record); });
         click(form, "KgyAdd");
-        QCOMPARE(window.messages.texts(), QStringList{kChooseAProduct});
+        QCOMPARE(window.messages.texts(), QStringList{"Jelöljön ki egy készítményt az alsó listából"});
         window.doubleClickNode(4);
         window.selectRow("ALFA 5 MG");
         click(form, "KgyAdd");

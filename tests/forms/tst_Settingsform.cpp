@@ -1,6 +1,5 @@
 // The settings window, the update notice check and the notice window, driven by control names against
 // an HTTP server on the loopback address; and the database refresh from the main menu.
-#include <QtTest>
 #include <memory>
 
 #include "app/RegistrySettings.h"
@@ -9,7 +8,6 @@
 #include "app/forms/Rvmain.h"
 #include "app/forms/Settingsform.h"
 #include "app/forms/UpgradeCheck.h"
-#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/LoopbackHttpServer.h"
 #include "tests/forms/support/Windows.h"
 

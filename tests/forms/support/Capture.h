@@ -11,21 +11,21 @@
 #include "rx/forms/PrintRenderer.h"
 #include "tests/support/PdfWords.h"
 
-// Every word of a PDF file, in order, joined by blanks.
-inline QString pdfText(const std::filesystem::path& file)
-{
-    QStringList all;
-    for (const auto& word : rovanel::testing::pdfWords(file)) all << QString::fromStdString(word.text);
-    return all.join(' ');
-}
-
-// "Direkt" prints (or, with preview set, the preview) go into `file`.
+// The printed forms of a window, caught in `file` for as long as this lives: "Direkt" printing, the
+// preview, or the file the "PDF" button asks for.
 class PdfPrints
 {
 public:
-    explicit PdfPrints(std::filesystem::path file, bool preview = false)
-        : m_file(std::move(file)), m_preview(preview)
+    enum class Way { Direct, Preview, AskedFile };
+
+    explicit PdfPrints(std::filesystem::path file, Way way = Way::Direct)
+        : m_file(std::move(file)), m_way(way)
     {
+        if (way == Way::AskedFile) {
+            m_previousChooser = rovanel::forms::setPdfFileChooser(
+                [this](QWidget*, const QString&) { return QString::fromStdString(m_file.string()); });
+            return;
+        }
         m_previous = set([this](QPrinter& printer, const auto& paint) {
             ++count;
             orientation = printer.pageLayout().orientation();
@@ -34,15 +34,28 @@ public:
             paint(printer);
         });
     }
-    ~PdfPrints() { set(m_previous); }
+    ~PdfPrints()
+    {
+        if (m_way == Way::AskedFile)
+            rovanel::forms::setPdfFileChooser(m_previousChooser);
+        else
+            set(m_previous);
+    }
     PdfPrints(const PdfPrints&) = delete;
     PdfPrints& operator=(const PdfPrints&) = delete;
 
+    [[nodiscard]] bool written() const { return std::filesystem::exists(m_file); }
     [[nodiscard]] std::vector<rovanel::testing::PdfWord> words() const
     {
         return rovanel::testing::pdfWords(m_file);
     }
-    [[nodiscard]] QString text() const { return pdfText(m_file); }
+    // Every word, in order, joined by blanks.
+    [[nodiscard]] QString text() const
+    {
+        QStringList all;
+        for (const auto& word : words()) all << QString::fromStdString(word.text);
+        return all.join(' ');
+    }
     // The text that stands at (left, top) in layout units on the first page.
     [[nodiscard]] QString at(int left, int top) const
     {
@@ -50,35 +63,19 @@ public:
             words(), left * rovanel::kMillimetresPerLayoutUnit, top * rovanel::kMillimetresPerLayoutUnit));
     }
 
-    int count = 0;
+    int count = 0;  // prints and previews
     QPageLayout::Orientation orientation = QPageLayout::Portrait;
 
 private:
     rovanel::forms::PrintTarget set(rovanel::forms::PrintTarget target) const
     {
-        return m_preview ? rovanel::forms::setPreviewTarget(std::move(target))
-                         : rovanel::forms::setDirectPrintTarget(std::move(target));
+        return m_way == Way::Preview ? rovanel::forms::setPreviewTarget(std::move(target))
+                                     : rovanel::forms::setDirectPrintTarget(std::move(target));
     }
     std::filesystem::path m_file;
-    bool m_preview;
+    Way m_way;
     rovanel::forms::PrintTarget m_previous;
-};
-
-// "PDF" saves into `file` without asking.
-class PdfFileChosen
-{
-public:
-    explicit PdfFileChosen(const std::filesystem::path& file)
-        : m_previous(rovanel::forms::setPdfFileChooser(
-              [chosen = QString::fromStdString(file.string())](QWidget*, const QString&) { return chosen; }))
-    {
-    }
-    ~PdfFileChosen() { rovanel::forms::setPdfFileChooser(m_previous); }
-    PdfFileChosen(const PdfFileChosen&) = delete;
-    PdfFileChosen& operator=(const PdfFileChosen&) = delete;
-
-private:
-    rovanel::forms::PdfFileChooser m_previous;
+    rovanel::forms::PdfFileChooser m_previousChooser;
 };
 
 // The help contexts asked for, instead of opening the help window.

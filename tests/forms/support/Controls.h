@@ -6,7 +6,7 @@
 //   QCOMPARE(linesOf(form, "KhGyList"), (QStringList{"ALFA", "GAMMA"}));
 #pragma once
 
-#include <QTest>
+#include <QtTest>
 #include <QtWidgets>
 #include <initializer_list>
 #include <string>

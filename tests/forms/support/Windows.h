@@ -1,7 +1,7 @@
 // What a window test opens its window on (a shared state over a database folder) and the window itself,
-// shown, in a fresh user profile, with every message it shows recorded:
-//   DatabaseState fixture(database);
-//   Shown<TKh> form(fixture.state);
+// shown, in a fresh user profile, with every message it shows recorded. A window test includes this
+// header alone: it brings the driver (Controls.h) and the catches of prints and help (Capture.h).
+//   On<TKh> form(database);
 //   click(form, "Ellenoriz");
 //   QCOMPARE(form.messages.texts(), QStringList{"..."});
 #pragma once
@@ -17,6 +17,8 @@
 #include "db/MessageTable.h"
 #include "db/SharedState.h"
 #include "tests/fixtures/SixProductDatabase.h"
+#include "tests/forms/support/Capture.h"
+#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/MessageRecorder.h"
 #include "tests/forms/support/UserProfile.h"
 #include "tests/support/EngineDatabase.h"
@@ -88,8 +90,6 @@ struct TinyDatabaseStart : WindowSurroundings {
         QDir::setCurrent(QString::fromStdString(data.path().string()));
     }
     ~TinyDatabaseStart() { QDir::setCurrent(previousDirectory); }
-    TinyDatabaseStart(const TinyDatabaseStart&) = delete;
-    TinyDatabaseStart& operator=(const TinyDatabaseStart&) = delete;
 };
 
 // A window made from `arguments` and shown, its surroundings made before it and gone after it.
@@ -99,5 +99,16 @@ struct Shown : WindowSurroundings, Form {
     explicit Shown(Arguments&&... arguments) : Form(std::forward<Arguments>(arguments)...)
     {
         Form::show();
+    }
+};
+
+// A window together with the state it is made on, the state first:
+//   On<TKh> form(database);   On<TSegedeszk, Aids> form;   ... form.state, form.messages ...
+template <class Form, class State = DatabaseState>
+struct On : State, Shown<Form> {
+    template <class... Arguments>
+    explicit On(Arguments&&... arguments)
+        : State(std::forward<Arguments>(arguments)...), Shown<Form>(State::state)
+    {
     }
 };
