@@ -1,16 +1,9 @@
 // The forms kit's parts that every window relies on: the name list's filter, and where a window opens.
-#include <QAbstractItemView>
-#include <QCompleter>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QtTest>
-
+#include "tests/forms/support/Controls.h"
 #include "tests/forms/support/UserProfile.h"
 #include "views/forms/kit/NameList.h"
 #include "views/forms/kit/Text.h"
 #include "views/forms/kit/WindowGeometry.h"
-
-using rovanel::forms::NameList;
 
 namespace
 {
@@ -23,152 +16,124 @@ const std::vector<std::string> kNames = {
     rovanel::forms::toCp1250(QStringLiteral("ŐSZIRÓZSA KIVONAT")),
 };
 
-QStringList shown(const NameList& list)
-{
-    QStringList texts;
-    const QAbstractItemModel* model = list.completer()->completionModel();
-    for (int row = 0; row < model->rowCount(); ++row) texts << model->index(row, 0).data().toString();
-    return texts;
-}
-
 }  // namespace
 
 class TestFormsKit : public QObject
 {
     Q_OBJECT
 private slots:
-    void typingFiltersByContainedTextWithoutCaseOrAccents_data();
-    void typingFiltersByContainedTextWithoutCaseOrAccents();
-    void arrowsAndEnterPickTheItemUnderItsOwnIndex_data();
-    void arrowsAndEnterPickTheItemUnderItsOwnIndex();
-    void windowIsFittedOntoTheScreen_data();
-    void windowIsFittedOntoTheScreen();
-    void keptGeometryTextIsCheckedBeforeUse_data();
-    void keptGeometryTextIsCheckedBeforeUse();
-    void windowReopensWhereTheUserLeftIt();
+    void typingFiltersByContainedTextWithoutCaseOrAccents_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("beginning, lower case")
+            << "amlo" << QStringList{"AMLODIPIN 5 MG TABLETTA", "NORVASC (AMLODIPIN) 10 MG"};
+        QTest::newRow("accents left out") << "szedules" << QStringList{"Szédülés"};
+        QTest::newRow("accents typed on capitals") << "SZÉDÜ" << QStringList{"Szédülés"};
+        QTest::newRow("double acute") << "oszi" << QStringList{"ŐSZIRÓZSA KIVONAT"};
+        QTest::newRow("inside a word, list order kept")
+            << "tabl" << QStringList{"ACENOKUMAROL 4 MG TABLETTA", "AMLODIPIN 5 MG TABLETTA"};
+        QTest::newRow("nothing matches") << "xyz" << QStringList{};
+    }
+
+    void typingFiltersByContainedTextWithoutCaseOrAccents()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QStringList, expected);
+        rovanel::forms::NameList list("Gylist");
+        list.setNames(kNames);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        QTest::keyClicks(list.lineEdit(), typed);
+        QCOMPARE(linesOf(*list.completer()->completionModel()), expected);
+        QCOMPARE(list.count(), 5);  // the list itself keeps every item and its index
+    }
+
+    void arrowsAndEnterPickTheItemUnderItsOwnIndex_data()
+    {
+        QTest::addColumn<int>("downs");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("Enter at once: the first match") << 0 << 1;
+        QTest::newRow("Down, Enter") << 1 << 1;
+        QTest::newRow("Down, Down, Enter") << 2 << 3;
+    }
+
+    void arrowsAndEnterPickTheItemUnderItsOwnIndex()
+    {
+        QFETCH(int, downs);
+        QFETCH(int, expected);
+        rovanel::forms::NameList list("Gylist");
+        list.setNames(kNames);
+        QSignalSpy picked(&list, &QComboBox::activated);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        QCOMPARE(list.currentIndex(), -1);
+        QTest::keyClicks(list.lineEdit(), "amlo");
+        QAbstractItemView* popup = list.completer()->popup();
+        QTRY_VERIFY(popup->isVisible());
+        for (int press = 0; press < downs; ++press) QTest::keyClick(popup, Qt::Key_Down);
+        QTest::keyClick(popup, Qt::Key_Return);
+        QCOMPARE(list.currentIndex(), expected);
+        QCOMPARE(list.currentText(), QString::fromStdString(kNames[static_cast<std::size_t>(expected)]));
+        QCOMPARE(picked.count(), 1);
+        QCOMPARE(picked.first().first().toInt(), expected);
+        QCOMPARE(list.chosenIndex(), expected);
+    }
+
+    void windowIsFittedOntoTheScreen_data()
+    {
+        QTest::addColumn<QRect>("wanted");
+        QTest::addColumn<QSize>("minimum");
+        QTest::addColumn<QRect>("expected");
+        QTest::newRow("fits") << QRect(3, 44, 721, 572) << QSize(300, 200) << QRect(3, 44, 721, 572);
+        QTest::newRow("too tall at 150 %")
+            << QRect(0, 0, 1500, 849) << QSize(600, 400) << QRect(0, 0, 1366, 738);
+        QTest::newRow("off the right edge")
+            << QRect(1200, 100, 641, 561) << QSize(300, 200) << QRect(725, 100, 641, 561);
+        QTest::newRow("above and left of the screen")
+            << QRect(-500, -40, 692, 508) << QSize(300, 200) << QRect(0, 0, 692, 508);
+        QTest::newRow("kept smaller than the layout")
+            << QRect(10, 10, 100, 80) << QSize(400, 300) << QRect(10, 10, 400, 300);
+        QTest::newRow("layout larger than the screen")
+            << QRect(10, 10, 100, 80) << QSize(2000, 1000) << QRect(0, 0, 1366, 738);
+    }
+
+    void windowIsFittedOntoTheScreen()
+    {
+        QFETCH(QRect, wanted);
+        QFETCH(QSize, minimum);
+        QFETCH(QRect, expected);
+        QCOMPARE(rovanel::forms::fitOnScreen(wanted, minimum, QRect(0, 0, 1366, 738)), expected);
+    }
+
+    void keptGeometryTextIsCheckedBeforeUse()
+    {
+        QCOMPARE(rovanel::forms::geometryFromText("3 44 721 572"), QRect(3, 44, 721, 572));
+        QCOMPARE(rovanel::forms::geometryFromText("-20 -5 600 400"), QRect(-20, -5, 600, 400));
+        // Empty, three numbers, zero width, text after, letters, too large: none is used.
+        for (const char* refused :
+             {"", "1 2 3", "1 2 0 400", "1 2 300 400 x", "a b c d", "0 0 99999999999 400"})
+            QVERIFY2(rovanel::forms::geometryFromText(refused) == QRect(), refused);
+    }
+
+    void windowReopensWhereTheUserLeftIt()
+    {
+        for (const QSize expected : {QSize(400, 300), QSize(350, 250)}) {  // the default, then as left
+            QWidget window;
+            window.setObjectName("Proba");
+            rovanel::forms::rememberGeometry(&window, QSize(400, 300), QPoint(20, 30));
+            window.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&window));
+            QCOMPARE(window.size(), expected);
+            window.setGeometry(50, 60, 350, 250);
+            window.hide();
+        }
+        QVERIFY(m_profile.directory().read("windows.ini").find("Proba=") != std::string::npos);
+    }
 
 private:
     UserProfile m_profile;
 };
-
-void TestFormsKit::typingFiltersByContainedTextWithoutCaseOrAccents_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("beginning, lower case")
-        << "amlo" << QStringList{"AMLODIPIN 5 MG TABLETTA", "NORVASC (AMLODIPIN) 10 MG"};
-    QTest::newRow("accents left out") << "szedules" << QStringList{QStringLiteral("Szédülés")};
-    QTest::newRow("accents typed on capitals") << "SZÉDÜ" << QStringList{QStringLiteral("Szédülés")};
-    QTest::newRow("double acute") << "oszi" << QStringList{QStringLiteral("ŐSZIRÓZSA KIVONAT")};
-    QTest::newRow("inside a word, list order kept")
-        << "tabl" << QStringList{"ACENOKUMAROL 4 MG TABLETTA", "AMLODIPIN 5 MG TABLETTA"};
-    QTest::newRow("nothing matches") << "xyz" << QStringList{};
-}
-
-void TestFormsKit::typingFiltersByContainedTextWithoutCaseOrAccents()
-{
-    QFETCH(QString, typed);
-    QFETCH(QStringList, expected);
-    NameList list("Gylist");
-    list.setNames(kNames);
-    list.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&list));
-    QTest::keyClicks(list.lineEdit(), typed);
-    QCOMPARE(shown(list), expected);
-    QCOMPARE(list.count(), 5);  // the list itself keeps every item and its index
-}
-
-void TestFormsKit::arrowsAndEnterPickTheItemUnderItsOwnIndex_data()
-{
-    QTest::addColumn<int>("downs");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("Enter at once: the first match") << 0 << 1;
-    QTest::newRow("Down, Enter") << 1 << 1;
-    QTest::newRow("Down, Down, Enter") << 2 << 3;
-}
-
-void TestFormsKit::arrowsAndEnterPickTheItemUnderItsOwnIndex()
-{
-    QFETCH(int, downs);
-    QFETCH(int, expected);
-    NameList list("Gylist");
-    list.setNames(kNames);
-    QSignalSpy picked(&list, &QComboBox::activated);
-    list.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&list));
-    QCOMPARE(list.currentIndex(), -1);
-    QTest::keyClicks(list.lineEdit(), "amlo");
-    QAbstractItemView* popup = list.completer()->popup();
-    QTRY_VERIFY(popup->isVisible());
-    for (int press = 0; press < downs; ++press) QTest::keyClick(popup, Qt::Key_Down);
-    QTest::keyClick(popup, Qt::Key_Return);
-    QCOMPARE(list.currentIndex(), expected);
-    QCOMPARE(list.currentText(), QString::fromStdString(kNames[static_cast<std::size_t>(expected)]));
-    QCOMPARE(picked.count(), 1);
-    QCOMPARE(picked.first().first().toInt(), expected);
-    QCOMPARE(list.chosenIndex(), expected);
-}
-
-void TestFormsKit::windowIsFittedOntoTheScreen_data()
-{
-    QTest::addColumn<QRect>("wanted");
-    QTest::addColumn<QSize>("minimum");
-    QTest::addColumn<QRect>("expected");
-    QTest::newRow("fits") << QRect(3, 44, 721, 572) << QSize(300, 200) << QRect(3, 44, 721, 572);
-    QTest::newRow("too tall at 150 %") << QRect(0, 0, 1500, 849) << QSize(600, 400) << QRect(0, 0, 1366, 738);
-    QTest::newRow("off the right edge")
-        << QRect(1200, 100, 641, 561) << QSize(300, 200) << QRect(725, 100, 641, 561);
-    QTest::newRow("above and left of the screen")
-        << QRect(-500, -40, 692, 508) << QSize(300, 200) << QRect(0, 0, 692, 508);
-    QTest::newRow("kept smaller than the layout")
-        << QRect(10, 10, 100, 80) << QSize(400, 300) << QRect(10, 10, 400, 300);
-    QTest::newRow("layout larger than the screen")
-        << QRect(10, 10, 100, 80) << QSize(2000, 1000) << QRect(0, 0, 1366, 738);
-}
-
-void TestFormsKit::windowIsFittedOntoTheScreen()
-{
-    QFETCH(QRect, wanted);
-    QFETCH(QSize, minimum);
-    QFETCH(QRect, expected);
-    QCOMPARE(rovanel::forms::fitOnScreen(wanted, minimum, QRect(0, 0, 1366, 738)), expected);
-}
-
-void TestFormsKit::keptGeometryTextIsCheckedBeforeUse_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QRect>("expected");
-    QTest::newRow("as written") << "3 44 721 572" << QRect(3, 44, 721, 572);
-    QTest::newRow("negative place") << "-20 -5 600 400" << QRect(-20, -5, 600, 400);
-    QTest::newRow("empty") << "" << QRect();
-    QTest::newRow("three numbers") << "1 2 3" << QRect();
-    QTest::newRow("zero width") << "1 2 0 400" << QRect();
-    QTest::newRow("text after") << "1 2 300 400 x" << QRect();
-    QTest::newRow("letters") << "a b c d" << QRect();
-    QTest::newRow("huge") << "0 0 99999999999 400" << QRect();
-}
-
-void TestFormsKit::keptGeometryTextIsCheckedBeforeUse()
-{
-    QFETCH(QString, text);
-    QFETCH(QRect, expected);
-    QCOMPARE(rovanel::forms::geometryFromText(text.toStdString()), expected);
-}
-
-void TestFormsKit::windowReopensWhereTheUserLeftIt()
-{
-    for (const QSize expected : {QSize(400, 300), QSize(350, 250)}) {  // the default, then as left
-        QWidget window;
-        window.setObjectName("Proba");
-        rovanel::forms::rememberGeometry(&window, QSize(400, 300), QPoint(20, 30));
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QCOMPARE(window.size(), expected);
-        window.setGeometry(50, 60, 350, 250);
-        window.hide();
-    }
-    QVERIFY(m_profile.directory().read("windows.ini").find("Proba=") != std::string::npos);
-}
 
 QTEST_MAIN(TestFormsKit)
 #include "tst_FormsKit.moc"

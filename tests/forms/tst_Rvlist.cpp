@@ -1,40 +1,69 @@
-// The drug list window driven by its control names on the six-product database.
+// The drug list window and the shared description window driven by their control names on the
+// six-product database.
 #include <QAbstractButton>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QImage>
-#include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTextEdit>
-#include <QtTest>
 #include <algorithm>
 
 #include "app/IniFile.h"
-#include "db/SharedState.h"
-#include "tests/fixtures/SixProductDatabase.h"
-#include "tests/forms/support/Controls.h"
-#include "tests/forms/support/MessageRecorder.h"
-#include "tests/forms/support/UserProfile.h"
+#include "tests/forms/support/Windows.h"
+#include "views/forms/Rvgykozos.h"
 #include "views/forms/Rvlist.h"
 
 namespace
 {
 
-QStringList items(QListWidget* list)
-{
-    QStringList texts;
-    for (int i = 0; i < list->count(); ++i) texts << list->item(i)->text();
-    return texts;
-}
+// The six-product database, and the drug list window on it in a fresh profile.
+struct DrugList : SixProductState {
+    UserProfile profile;
+    MessageRecorder messages;
+    std::unique_ptr<TGylist> form;
 
-std::vector<std::int32_t> foundRecords(const rovanel::SharedState& state)
-{
-    std::vector<std::int32_t> records;
-    for (const auto& entry : state.found.entries()) records.push_back(entry.record);
-    return records;
-}
+    explicit DrugList(const char* ttValue = nullptr) { open(ttValue); }
+    // Opens the window anew, the database's RV.INI holding `ttValue` for "TTNemKellLeirasba".
+    void open(const char* ttValue = nullptr)
+    {
+        if (ttValue)
+            QVERIFY(rovanel::writeProfileString(directory / "RV.INI", "Rovanel Beallitasok",
+                                                "TTNemKellLeirasba", ttValue));
+        form.reset();
+        form = std::make_unique<TGylist>(state);
+        form->show();
+    }
+    void choose(int index) const
+    {
+        auto* names = control<QComboBox>(*form, "Gylist");
+        names->setCurrentIndex(index);
+        emit names->activated(index);
+    }
+    [[nodiscard]] std::vector<std::int32_t> found() const
+    {
+        std::vector<std::int32_t> records;
+        for (const auto& entry : state.found.entries()) records.push_back(entry.record);
+        return records;
+    }
+    [[nodiscard]] bool describes(const QString& product) const
+    {
+        return textOf(*form, "Leiras1").startsWith("Készítmény: " + product);
+    }
+    [[nodiscard]] std::string ttSetting(const std::filesystem::path& ini) const
+    {
+        return rovanel::readProfileString(ini, "Rovanel Beallitasok", "TTNemKellLeirasba", "?");
+    }
+};
+
+// The description window on the six-product database, showing `record`.
+struct Description : On<TGyKozos, SixProductState> {
+    QTextEdit* box = control<QTextEdit>(*this, "GyKozosLeiro");
+
+    explicit Description(std::int32_t record, const char* caption)
+    {
+        showProduct(record, caption);
+        QVERIFY(QTest::qWaitForWindowExposed(this));
+    }
+};
+
+const QString kAlfa = "ALFA 5 MG TABLETTA 30X  13.3 Ft/nap";
+const QString kBeta = "BETA 10 MG TABLETTA 30X  6.7 Ft/nap";
+const QString kGamma = "GAMMA KAPSZULA 20X  N.á.";
 
 }  // namespace
 
@@ -42,257 +71,259 @@ class TestRvlist : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
-    void firstShowListsTheMedicinesAndReadsTheTtSetting();
-    void choosingAMedicineShowsItsDescriptionLevelsAndSameAtcProducts();
-    void threeLevelsAndTheFirstLevelListsTheWholeLetter();
-    void priceAndNameOrderKeepTheFoundTableInStep();
-    void nutritionProductsMapPastTheMedicinesAndFillNoLevels();
-    void ttBoxIsTheUsersSettingOverTheDatabaseFoldersDefault();
-    void jumpButtonsAndRightClickWorkOnTheDescription();
-    void c08PictureShowsOnlyWhilePictureDisplayIsOn();
-    void windowFitsA1366By768Screen_data();
-    void windowFitsA1366By768Screen();
-
-private:
-    void open(const char* ttValue = nullptr);
-    void choose(int index);
-    template <typename T>
-    T* control(const char* name)
+    void firstShowListsTheMedicinesAndReadsTheTtSetting()
     {
-        return ::control<T>(*m_form, name);
+        DrugList list("XIGENX");  // "contains IGEN" is enough here
+        QVERIFY(control<QRadioButton>(*list.form, "RBGyogyszer")->isChecked());
+        auto* names = control<QComboBox>(*list.form, "Gylist");
+        QCOMPARE(names->count(), 4);
+        QCOMPARE(names->itemText(0), QString("ALFA 5 MG TABLETTA 30X"));
+        // No product is named before one is chosen: never a name over an empty box.
+        QCOMPARE(names->currentIndex(), -1);
+        QCOMPARE(names->currentText(), QString());
+        QVERIFY(control<QCheckBox>(*list.form, "TTNemKell")->isChecked());
+        QVERIFY(list.state.hideDeleted);
+        QCOMPARE(textsOf(*list.form, {"TTNemKell", "PriceOrder", "NameOrder", "JumpHa", "JumpEll"}),
+                 (QStringList{"Törzskönyvből törölt kiszerlés nem kell", "Ár szerint", "Név szerint rendezve",
+                              "&Hatóa.", "&Ellenjav."}));
+        // Nothing chosen yet: no description, no levels.
+        QCOMPARE(textOf(*list.form, "Leiras1"), QString());
+        QCOMPARE(linesOf(*list.form, "AzonAtc"), QStringList{});
     }
 
-    UserProfile m_profile;
-    std::unique_ptr<rovanel::testing::SixProductDatabase> m_database;
-    std::unique_ptr<rovanel::SharedState> m_state;
-    std::unique_ptr<TGylist> m_form;
-    std::filesystem::path m_directory;
+    void choosingAMedicineShowsItsDescriptionLevelsAndSameAtcProducts()
+    {
+        DrugList list;
+        QVERIFY(!control<QCheckBox>(*list.form, "TTNemKell")->isChecked());
+        list.choose(0);
+        QVERIFY(list.describes("ALFA 5 MG"));
+        QCOMPARE(linesOf(*list.form, "AzonAtc"),
+                 (QStringList{"C  Szív- és érrendszer", "C08  Kalciumcsatorna-blokkolók",
+                              "C08C  Szelektív kalciumcsatorna-blokkolók",
+                              "C08CA  Dihidropiridin-származékok", "C08CA01  amlodipin"}));
+        QCOMPARE(linesOf(*list.form, "AzonAtcNev"), (QStringList{kAlfa, kGamma}));
+        QCOMPARE(list.found(), (std::vector<std::int32_t>{0, 2}));
+        // A line of the same-ATC list shows its product and names it above; the list stays as it was.
+        control<QListWidget>(*list.form, "AzonAtcNev")->setCurrentRow(1);
+        QVERIFY(list.describes("GAMMA KAPSZULA 20X"));
+        QCOMPARE(textOf(*list.form, "Gylist"), QString("GAMMA KAPSZULA 20X"));
+        QCOMPARE(control<QListWidget>(*list.form, "AzonAtcNev")->currentRow(), 1);
+        QCOMPARE(linesOf(*list.form, "AzonAtcNev"), (QStringList{kAlfa, kGamma}));
+        list.choose(3);  // DELTA: A01A and A01AA- are no groups
+        QCOMPARE(linesOf(*list.form, "AzonAtc").size(), 3);
+        list.choose(1);
+        control<QListWidget>(*list.form, "AzonAtc")->setCurrentRow(0);  // "C" lists the whole letter
+        QCOMPARE(list.found(), (std::vector<std::int32_t>{1, 0, 2}));
+        QCOMPARE(linesOf(*list.form, "AzonAtcNev").size(), 3);
+    }
+
+    void priceAndNameOrderKeepTheFoundTableInStep()
+    {
+        DrugList list;
+        list.choose(0);
+        control<QListWidget>(*list.form, "AzonAtc")->setCurrentRow(1);  // C08
+        QCOMPARE(linesOf(*list.form, "AzonAtcNev"), (QStringList{kBeta, kAlfa, kGamma}));
+        click(*list.form, "NameOrder");
+        QCOMPARE(linesOf(*list.form, "AzonAtcNev"), (QStringList{kAlfa, kBeta, kGamma}));
+        QCOMPARE(list.found(), (std::vector<std::int32_t>{0, 1, 2}));
+        control<QListWidget>(*list.form, "AzonAtcNev")->setCurrentRow(1);
+        QVERIFY(list.describes("BETA"));
+        click(*list.form, "PriceOrder");
+        QCOMPARE(list.found(), (std::vector<std::int32_t>{1, 0, 2}));
+    }
+
+    void nutritionProductsMapPastTheMedicinesAndFillNoLevels()
+    {
+        DrugList list;
+        list.choose(0);
+        click(*list.form, "RBTapszer");
+        QCOMPARE(textOf(*list.form, "Leiras1"), QString());
+        QCOMPARE(linesOf(*list.form, "Gylist"), QStringList{"TAPSZER POR 400 G"});
+        list.choose(0);  // record 4 = 0 + N - K1 - K2
+        QVERIFY(list.describes("TAPSZER POR 400 G"));
+        QCOMPARE(linesOf(*list.form, "AzonAtc") + linesOf(*list.form, "AzonAtcNev"), QStringList{});
+        click(*list.form, "RBGyogyszer");
+        QCOMPARE(linesOf(*list.form, "Gylist").size(), 4);
+    }
+
+    // The database folder is read-only in an installation and replaced by a refresh: the box writes the
+    // user's RV.INI, and the folder's RV.INI only gives the value the user has not set.
+    void ttBoxIsTheUsersSettingOverTheDatabaseFoldersDefault()
+    {
+        DrugList list("IGEN");
+        const auto userIni = list.profile.directory().path() / "RV.INI";
+        QVERIFY(control<QCheckBox>(*list.form, "TTNemKell")->isChecked());
+        const auto writable = std::filesystem::status(list.directory).permissions();
+        std::filesystem::permissions(list.directory,
+                                     std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+        click(*list.form, "TTNemKell");
+        std::filesystem::permissions(list.directory, writable);
+        QCOMPARE(list.messages.texts(), QStringList{});
+        QVERIFY(!list.state.hideDeleted);
+        QCOMPARE(list.ttSetting(userIni), std::string("NEM"));
+        QCOMPARE(list.ttSetting(list.directory / "RV.INI"), std::string("IGEN"));
+        list.choose(0);
+        QVERIFY(std::ranges::count(list.found(), 2) == 1);
+        click(*list.form, "TTNemKell");
+        QCOMPARE(list.ttSetting(userIni), std::string("IGEN"));
+        list.choose(0);
+        QCOMPARE(list.found(), (std::vector<std::int32_t>{0}));  // GAMMA is deleted
+        // The user's value wins over the folder's at the next start.
+        QVERIFY(rovanel::writeProfileString(userIni, "Rovanel Beallitasok", "TTNemKellLeirasba", "NEM"));
+        list.open("IGEN");
+        QVERIFY(!control<QCheckBox>(*list.form, "TTNemKell")->isChecked());
+    }
+
+    void c08PictureShowsOnlyWhilePictureDisplayIsOn()
+    {
+        DrugList list;
+        QImage picture(40, 30, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        QVERIFY(picture.save(QString::fromStdString((list.directory / "r1.jpg").string())));
+        list.open();  // again, with the picture there
+        auto* box = control<QTextEdit>(*list.form, "Leiras1");
+        auto* image = control<QLabel>(*list.form, "RgImage1");
+        const int fullHeight = box->height();
+        list.choose(0);  // C08, but the display is off after the first showing
+        QVERIFY(!image->isVisible());
+        list.form->setPictureDisplay(true);
+        list.choose(0);
+        QVERIFY(image->isVisible());
+        QTRY_COMPARE(box->height(), fullHeight - (30 + 10));
+        list.choose(3);  // A01
+        QVERIFY(!image->isVisible());
+        QTRY_COMPARE(box->height(), fullHeight);
+    }
+
+    void descriptionButtonsSitInOneRowUnderTheBoxWithWholeCaptions()
+    {
+        On<TGyKozos, SixProductState> form;
+        QVERIFY(QTest::qWaitForWindowExposed(&form));
+        QCOMPARE(form.size(), QSize(721, 572));
+        const QStringList names{"JumpAtc", "JumpHa", "JumpJav", "JumpAdag", "JumpBetegnek",
+                                "JumpEll", "JumpMh", "JumpOv",  "JumpTil",  "JumpMer"};
+        const auto* box = control<QTextEdit>(form, "GyKozosLeiro");
+        const int boxBottom = box->mapTo(&form, QPoint(0, 0)).y() + box->height() - 1;
+        int right = -1;
+        QStringList captions;
+        for (const QString& name : names) {
+            auto* button = control<QPushButton>(form, qPrintable(name));
+            captions << button->text();
+            const QRect place(button->mapTo(&form, QPoint(0, 0)), button->size());
+            QVERIFY2(place.left() > right && place.top() > boxBottom, qPrintable(name));
+            const QString caption = button->text().remove('&');  // the caption is whole
+            QVERIFY2(button->width() > button->fontMetrics().horizontalAdvance(caption), qPrintable(name));
+            right = place.right();
+        }
+        QVERIFY(right < form.width());
+        QCOMPARE(captions,
+                 (QStringList{"&Atc", "&Hatóanyag", "&Javallatok", "A&dagolás", "&Betegnek", "&Ellenjavallat",
+                              "&Mellékhatás", "Ó&vatosan", "&Tilos", "&Mérgezés"}));
+    }
+
+    void descriptionShowProductReplacesTheTextAndTakesTheCaption()
+    {
+        SixProductState fixture;
+        UserProfile profile;
+        TGyKozos form(fixture.state);
+        form.showProduct(0, "ALFA 5 MG TABLETTA 30X");
+        QVERIFY(form.isVisible());
+        QCOMPARE(form.windowTitle(), QString("ALFA 5 MG TABLETTA 30X"));
+        QVERIFY(textOf(form, "GyKozosLeiro").startsWith("Készítmény: ALFA 5 MG TABLETTA 30X\n"));
+        QCOMPARE(control<QTextEdit>(form, "GyKozosLeiro")->textCursor().position(), 0);
+        form.showProduct(3, "DELTA");
+        QVERIFY(textOf(form, "GyKozosLeiro").startsWith("Készítmény: DELTA OLDAT 100 ML\n"));
+        QVERIFY(!textOf(form, "GyKozosLeiro").contains("ALFA"));
+        form.showProduct(-1, "semmi");
+        QCOMPARE(textOf(form, "GyKozosLeiro"), QString());
+    }
+
+    void descriptionJumpFindsItsHeading_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("heading");
+        QTest::newRow("JumpAtc") << "JumpAtc"
+                                 << "ATC besorolás:";
+        QTest::newRow("JumpJav") << "JumpJav"
+                                 << "Javallatok:";
+        QTest::newRow("JumpOv") << "JumpOv"
+                                << "Óvatosan együttadható:";
+        // The avoid heading is found by its beginning, which stops before the "ő".
+        QTest::newRow("JumpTil") << "JumpTil"
+                                 << "Együttadása kerülendő:";
+    }
+
+    void descriptionJumpFindsItsHeading()
+    {
+        QFETCH(QString, button);
+        QFETCH(QString, heading);
+        const Description shown(0, "ALFA");
+        click(shown, qPrintable(button));
+        QVERIFY(shown.box->toPlainText().indexOf(heading) > 0);
+        QCOMPARE(shown.box->textCursor().position(), shown.box->toPlainText().indexOf(heading));
+        QVERIFY(shown.box->hasFocus());
+        if (button != "JumpJav") return;
+        // Scrolled to the end first, then back up: the heading stands at the top of the box, not at its
+        // bottom.
+        QVERIFY(shown.box->verticalScrollBar()->value() > 0);
+        QVERIFY2(shown.box->cursorRect().top() < 30,
+                 qPrintable(QString::number(shown.box->cursorRect().top())));
+    }
+
+    void descriptionJumpThatFindsNothingChangesNothing()
+    {
+        const Description shown(1, "BETA");  // no #ov, #til, #mer
+        QTextCursor cursor = shown.box->textCursor();
+        cursor.setPosition(20);
+        shown.box->setTextCursor(cursor);
+        const int scroll = shown.box->verticalScrollBar()->value();
+        for (const char* name : {"JumpOv", "JumpTil", "JumpMer", "JumpEll", "JumpMh"}) {
+            click(shown, name);
+            QCOMPARE(shown.box->textCursor().position(), 20);
+            QCOMPARE(shown.box->verticalScrollBar()->value(), scroll);
+        }
+    }
+
+    // The search is case sensitive and the cut headings stay cut; the description boxes of the drug list
+    // and the active-ingredient window are this same kit box, with the same right-click notice.
+    void descriptionSearchAndRightClick()
+    {
+        Description shown(0, "ALFA");
+        shown.SearchRtf("atc");
+        QCOMPARE(shown.box->textCursor().position(), 0);
+        QTest::mouseClick(shown.box->viewport(), Qt::LeftButton);
+        QCOMPARE(shown.messages.texts(), QStringList());
+        QTest::mousePress(shown.box->viewport(), Qt::RightButton);
+        QCOMPARE(shown.messages.texts(),
+                 QStringList{"Változás: Receptnyomtatás a -Részletes lista- menüpont alatt."});
+        QCOMPARE(shown.messages.captions(), QStringList{QString()});
+        shown.box->setPlainText("Együttadása kerülend\nMérgezés esetén teend");
+        click(shown, "JumpMer");
+        QCOMPARE(shown.box->textCursor().position(), 21);
+    }
+    // A 1366×768 screen less its task bar, at 100 % and at 150 % (QT_SCALE_FACTOR=1.5: 910 logical pixels
+    // across): the window takes the whole screen and no caption is cut.
+    void windowFitsA1366By768Screen_data()
+    {
+        QTest::addColumn<QSize>("screen");
+        QTest::newRow("100 %") << QSize(1366, 738);
+        QTest::newRow("150 %") << QSize(910, 492);
+    }
+    void windowFitsA1366By768Screen()
+    {
+        QFETCH(QSize, screen);
+        DrugList list;
+        list.choose(0);
+        list.form->resize(screen);
+        QCOMPARE(list.form->size(), screen);
+        // A button's least width is its caption's (the jump buttons set theirs below the style's default).
+        for (const QAbstractButton* button : list.form->findChildren<QAbstractButton*>()) {
+            const int least =
+                button->minimumWidth() > 0 ? button->minimumWidth() : button->sizeHint().width();
+            QVERIFY2(button->width() >= least, qPrintable(button->objectName()));
+        }
+    }
 };
-
-void TestRvlist::init()
-{
-    m_database = std::make_unique<rovanel::testing::SixProductDatabase>();
-    m_directory = m_database->write();
-    m_state = std::make_unique<rovanel::SharedState>();
-    m_state->tables = rovanel::loadStartupTables(m_directory, m_directory / "no-user.ini");
-}
-
-void TestRvlist::cleanup()
-{
-    m_form.reset();
-    m_state.reset();
-    m_database.reset();
-}
-
-void TestRvlist::open(const char* ttValue)
-{
-    if (ttValue)
-        QVERIFY(rovanel::writeProfileString(m_directory / "RV.INI", "Rovanel Beallitasok",
-                                            "TTNemKellLeirasba", ttValue));
-    m_form = std::make_unique<TGylist>(*m_state);
-    m_form->show();
-}
-
-void TestRvlist::choose(int index)
-{
-    auto* names = control<QComboBox>("Gylist");
-    names->setCurrentIndex(index);
-    emit names->activated(index);
-}
-
-void TestRvlist::firstShowListsTheMedicinesAndReadsTheTtSetting()
-{
-    open("XIGENX");  // "contains IGEN" is enough here
-    QVERIFY(control<QRadioButton>("RBGyogyszer")->isChecked());
-    auto* names = control<QComboBox>("Gylist");
-    QCOMPARE(names->count(), 4);
-    QCOMPARE(names->itemText(0), QString("ALFA 5 MG TABLETTA 30X"));
-    // No product is named before one is chosen: never a name over an empty box.
-    QCOMPARE(names->currentIndex(), -1);
-    QCOMPARE(names->currentText(), QString());
-    QVERIFY(control<QCheckBox>("TTNemKell")->isChecked());
-    QVERIFY(m_state->hideDeleted);
-    const std::pair<const char*, const char*> captions[] = {
-        {"TTNemKell", "Törzskönyvből törölt kiszerlés nem kell"},
-        {"PriceOrder", "Ár szerint"},
-        {"NameOrder", "Név szerint rendezve"},
-        {"JumpHa", "&Hatóa."},
-        {"JumpEll", "&Ellenjav."}};
-    for (const auto& [name, caption] : captions)
-        QCOMPARE(control<QWidget>(name)->property("text").toString(), QString::fromUtf8(caption));
-    // Nothing chosen yet: no description, no levels.
-    QCOMPARE(control<QTextEdit>("Leiras1")->toPlainText(), QString());
-    QCOMPARE(control<QListWidget>("AzonAtc")->count(), 0);
-}
-
-void TestRvlist::choosingAMedicineShowsItsDescriptionLevelsAndSameAtcProducts()
-{
-    open();
-    QVERIFY(!control<QCheckBox>("TTNemKell")->isChecked());
-    choose(0);
-    QVERIFY(
-        control<QTextEdit>("Leiras1")->toPlainText().startsWith(QString::fromUtf8("Készítmény: ALFA 5 MG")));
-    QCOMPARE(items(control<QListWidget>("AzonAtc")),
-             (QStringList{QString::fromUtf8("C  Szív- és érrendszer"),
-                          QString::fromUtf8("C08  Kalciumcsatorna-blokkolók"),
-                          QString::fromUtf8("C08C  Szelektív kalciumcsatorna-blokkolók"),
-                          QString::fromUtf8("C08CA  Dihidropiridin-származékok"),
-                          QString::fromUtf8("C08CA01  amlodipin")}));
-    QCOMPARE(
-        items(control<QListWidget>("AzonAtcNev")),
-        (QStringList{"ALFA 5 MG TABLETTA 30X  13.3 Ft/nap", QString::fromUtf8("GAMMA KAPSZULA 20X  N.á.")}));
-    QCOMPARE(foundRecords(*m_state), (std::vector<std::int32_t>{0, 2}));
-    // A line of the same-ATC list shows its product and names it above; the list stays as it was.
-    control<QListWidget>("AzonAtcNev")->setCurrentRow(1);
-    QVERIFY(control<QTextEdit>("Leiras1")->toPlainText().startsWith(
-        QString::fromUtf8("Készítmény: GAMMA KAPSZULA 20X")));
-    QCOMPARE(control<QComboBox>("Gylist")->currentText(), QString("GAMMA KAPSZULA 20X"));
-    QCOMPARE(control<QListWidget>("AzonAtcNev")->currentRow(), 1);
-    QCOMPARE(control<QListWidget>("AzonAtcNev")->count(), 2);
-}
-
-void TestRvlist::threeLevelsAndTheFirstLevelListsTheWholeLetter()
-{
-    open();
-    choose(3);  // DELTA: A01A and A01AA- are no groups
-    QCOMPARE(control<QListWidget>("AzonAtc")->count(), 3);
-    choose(1);
-    control<QListWidget>("AzonAtc")->setCurrentRow(0);
-    QCOMPARE(foundRecords(*m_state), (std::vector<std::int32_t>{1, 0, 2}));  // every product of "C"
-    QCOMPARE(control<QListWidget>("AzonAtcNev")->count(), 3);
-}
-
-void TestRvlist::priceAndNameOrderKeepTheFoundTableInStep()
-{
-    open();
-    choose(0);
-    control<QListWidget>("AzonAtc")->setCurrentRow(1);  // C08
-    QCOMPARE(items(control<QListWidget>("AzonAtcNev")),
-             (QStringList{"BETA 10 MG TABLETTA 30X  6.7 Ft/nap", "ALFA 5 MG TABLETTA 30X  13.3 Ft/nap",
-                          QString::fromUtf8("GAMMA KAPSZULA 20X  N.á.")}));
-    QTest::mouseClick(control<QRadioButton>("NameOrder"), Qt::LeftButton);
-    QCOMPARE(items(control<QListWidget>("AzonAtcNev")),
-             (QStringList{"ALFA 5 MG TABLETTA 30X  13.3 Ft/nap", "BETA 10 MG TABLETTA 30X  6.7 Ft/nap",
-                          QString::fromUtf8("GAMMA KAPSZULA 20X  N.á.")}));
-    QCOMPARE(foundRecords(*m_state), (std::vector<std::int32_t>{0, 1, 2}));
-    control<QListWidget>("AzonAtcNev")->setCurrentRow(1);
-    QVERIFY(control<QTextEdit>("Leiras1")->toPlainText().startsWith(QString::fromUtf8("Készítmény: BETA")));
-    QTest::mouseClick(control<QRadioButton>("PriceOrder"), Qt::LeftButton);
-    QCOMPARE(foundRecords(*m_state), (std::vector<std::int32_t>{1, 0, 2}));
-}
-
-void TestRvlist::nutritionProductsMapPastTheMedicinesAndFillNoLevels()
-{
-    open();
-    choose(0);
-    QTest::mouseClick(control<QRadioButton>("RBTapszer"), Qt::LeftButton);
-    QCOMPARE(control<QTextEdit>("Leiras1")->toPlainText(), QString());
-    auto* names = control<QComboBox>("Gylist");
-    QCOMPARE(names->count(), 1);
-    choose(0);  // record 4 = 0 + N - K1 - K2
-    QVERIFY(control<QTextEdit>("Leiras1")->toPlainText().startsWith("Készítmény: TAPSZER POR 400 G"));
-    QCOMPARE(control<QListWidget>("AzonAtc")->count(), 0);
-    QCOMPARE(control<QListWidget>("AzonAtcNev")->count(), 0);
-    QTest::mouseClick(control<QRadioButton>("RBGyogyszer"), Qt::LeftButton);
-    QCOMPARE(names->count(), 4);
-}
-
-// The database folder is read-only in an installation and replaced by a refresh: the box writes the
-// user's RV.INI, and the folder's RV.INI only gives the value the user has not set.
-void TestRvlist::ttBoxIsTheUsersSettingOverTheDatabaseFoldersDefault()
-{
-    const auto userIni = m_profile.directory().path() / "RV.INI";
-    const auto databaseIni = m_directory / "RV.INI";
-    open("IGEN");
-    QVERIFY(control<QCheckBox>("TTNemKell")->isChecked());
-    const auto writable = std::filesystem::status(m_directory).permissions();
-    std::filesystem::permissions(m_directory,
-                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-    MessageRecorder messages;
-    QTest::mouseClick(control<QCheckBox>("TTNemKell"), Qt::LeftButton);
-    std::filesystem::permissions(m_directory, writable);
-    QCOMPARE(messages.texts(), QStringList{});
-    QVERIFY(!m_state->hideDeleted);
-    QCOMPARE(rovanel::readProfileString(userIni, "Rovanel Beallitasok", "TTNemKellLeirasba", "?"),
-             std::string("NEM"));
-    QCOMPARE(rovanel::readProfileString(databaseIni, "Rovanel Beallitasok", "TTNemKellLeirasba", "?"),
-             std::string("IGEN"));
-    choose(0);
-    QVERIFY(std::ranges::count(foundRecords(*m_state), 2) == 1);
-    QTest::mouseClick(control<QCheckBox>("TTNemKell"), Qt::LeftButton);
-    QCOMPARE(rovanel::readProfileString(userIni, "Rovanel Beallitasok", "TTNemKellLeirasba", "?"),
-             std::string("IGEN"));
-    choose(0);
-    QCOMPARE(foundRecords(*m_state), (std::vector<std::int32_t>{0}));  // GAMMA is deleted
-
-    // The user's value wins over the folder's at the next start.
-    QVERIFY(rovanel::writeProfileString(userIni, "Rovanel Beallitasok", "TTNemKellLeirasba", "NEM"));
-    open("IGEN");
-    QVERIFY(!control<QCheckBox>("TTNemKell")->isChecked());
-}
-
-void TestRvlist::jumpButtonsAndRightClickWorkOnTheDescription()
-{
-    open();
-    QVERIFY(QTest::qWaitForWindowExposed(m_form.get()));
-    choose(0);
-    auto* box = control<QTextEdit>("Leiras1");
-    QTest::mouseClick(control<QPushButton>("JumpOv"), Qt::LeftButton);
-    QCOMPARE(box->textCursor().position(),
-             box->toPlainText().indexOf(QString::fromUtf8("Óvatosan együttadható:")));
-    choose(1);  // BETA has no poisoning section
-    QTest::mouseClick(control<QPushButton>("JumpMer"), Qt::LeftButton);
-    QCOMPARE(box->textCursor().position(), 0);
-    MessageRecorder messages;
-    QTest::mousePress(box->viewport(), Qt::RightButton);
-    QCOMPARE(messages.texts(),
-             QStringList{QString::fromUtf8("Változás: Receptnyomtatás a -Részletes lista- menüpont alatt.")});
-}
-
-void TestRvlist::c08PictureShowsOnlyWhilePictureDisplayIsOn()
-{
-    QImage picture(40, 30, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    QVERIFY(picture.save(QString::fromStdString((m_directory / "r1.jpg").string())));
-    open();
-    auto* box = control<QTextEdit>("Leiras1");
-    auto* image = control<QLabel>("RgImage1");
-    const int fullHeight = box->height();
-    choose(0);  // C08, but the display is off after the first showing
-    QVERIFY(!image->isVisible());
-    m_form->setPictureDisplay(true);
-    choose(0);
-    QVERIFY(image->isVisible());
-    QTRY_COMPARE(box->height(), fullHeight - (30 + 10));
-    choose(3);  // A01
-    QVERIFY(!image->isVisible());
-    QTRY_COMPARE(box->height(), fullHeight);
-}
-
-// A 1366×768 screen less its task bar, at 100 % and at 150 % (QT_SCALE_FACTOR=1.5: 910 logical pixels
-// across): the window takes the whole screen and no caption is cut.
-void TestRvlist::windowFitsA1366By768Screen_data()
-{
-    QTest::addColumn<QSize>("screen");
-    QTest::newRow("100 %") << QSize(1366, 738);
-    QTest::newRow("150 %") << QSize(910, 492);
-}
-
-void TestRvlist::windowFitsA1366By768Screen()
-{
-    QFETCH(QSize, screen);
-    open();
-    choose(0);
-    m_form->resize(screen);
-    QCOMPARE(m_form->size(), screen);
-    // A button's least width is its caption's (the jump buttons set theirs below the style's default).
-    for (const QAbstractButton* button : m_form->findChildren<QAbstractButton*>()) {
-        const int least = button->minimumWidth() > 0 ? button->minimumWidth() : button->sizeHint().width();
-        QVERIFY2(button->width() >= least, qPrintable(button->objectName()));
-    }
-}
 
 QTEST_MAIN(TestRvlist)
 #include "tst_Rvlist.moc"

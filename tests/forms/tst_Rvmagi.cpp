@@ -1,22 +1,30 @@
 // The own magistral list window driven by its controls' names.
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTest>
 
 #include "catalogues/forms/Rvmagi.h"
-#include "tests/forms/support/CatalogueWindows.h"
-#include "tests/forms/support/MessageRecorder.h"
+#include "tests/forms/support/Windows.h"
 
 namespace
 {
 
-// RV.INI points PathToUpdate at the scratch folder's "upd" (with its trailing backslash).
-void pointUpdateAtScratch(const CatalogueWindowState& fixture)
+// A data folder whose RV.INI points PathToUpdate at its "upd" (with the trailing backslash).
+struct MagiFolder : CatalogueWindowState {
+    MagiFolder()
+    {
+        write("RV.INI",
+              "[Rovanel Beallitasok]\r\nPathToUpdate=" + (directory.path() / "upd").string() + "\\\r\n");
+    }
+    [[nodiscard]] std::string read(const char* name) const
+    {
+        return directory.read(std::string("upd/magi/") + name);
+    }
+};
+
+void typeRecipe(QWidget& form, const QString& name, const QString& text)
 {
-    fixture.write("RV.INI", "[Rovanel Beallitasok]\r\nPathToUpdate=" +
-                                (fixture.directory.path() / "upd").string() + "\\\r\n");
+    QLineEdit* edit = control<QComboBox>(form, "MagiList")->lineEdit();
+    edit->clear();
+    typeText(edit, name);
+    control<QPlainTextEdit>(form, "MagiTxt")->setPlainText(text);
 }
 
 }  // namespace
@@ -25,130 +33,89 @@ class TestRvmagi : public QObject
 {
     Q_OBJECT
 private slots:
-    void init()
+    void addedRecipesAreListedSavedAndReadBack()
     {
-        m_fixture = std::make_unique<CatalogueWindowState>();
-        pointUpdateAtScratch(*m_fixture);
-        m_messages = std::make_unique<MessageRecorder>();
-        m_form = std::make_unique<TMagiForm>(m_fixture->state);
-    }
-    void cleanup()
-    {
-        m_form.reset();
-        m_messages.reset();
-        m_fixture.reset();
-    }
-    void addedRecipesAreListedSavedAndReadBack();
-    void aNameThatCannotBeAFileIsRefusedBeforeAnythingIsWritten();
-    void anUnusableFolderSaysSoAtTheFirstShowing();
-    void aRightClickOnTheRecipeHandsItToThePrescription();
+        On<TMagiForm, MagiFolder> form;
+        QCOMPARE(form.windowTitle(), QString("Saját Magi receptek"));
+        QCOMPARE(form.read("MagiList.txt"), std::string());
+        typeRecipe(form, "Kenőcs", "Rp.\nAcidi salicylici 5,0");
+        click(form, "MagiAdd");
+        typeRecipe(form, "Oldat", "Rp.\nAquae 100,0");
+        click(form, "MagiAdd");
+        QCOMPARE(form.read("MagiList.txt"),
+                 "Ken\xF5"
+                 "cs\r\nOldat\r\n");
+        QCOMPARE(form.read("Kenőcs"), "Rp.\r\nAcidi salicylici 5,0");
 
-private:
-    void typeRecipe(const QString& name, const QString& text)
-    {
-        QLineEdit* edit = control<QComboBox>(*m_form, "MagiList")->lineEdit();
-        edit->clear();
-        typeText(edit, name);
-        control<QPlainTextEdit>(*m_form, "MagiTxt")->setPlainText(text);
-    }
-    void click(const char* button)
-    {
-        QTest::mouseClick(control<QPushButton>(*m_form, button), Qt::LeftButton);
+        // Typing filters the names, accents and case folded; Enter picks the first match.
+        auto* list = control<QComboBox>(form, "MagiList");
+        pickByTyping(list, "KENO");
+        QCOMPARE(textsOf(form, {"MagiList", "MagiTxt"}),
+                 (QStringList{"Kenőcs", "Rp.\nAcidi salicylici 5,0"}));
+        control<QPlainTextEdit>(form, "MagiTxt")->setPlainText("Rp.\nAcidi salicylici 10,0");
+        click(form, "MagiMod");
+        QCOMPARE(form.read("Kenőcs"), "Rp.\r\nAcidi salicylici 10,0");
+        QCOMPARE(list->count(), 2);
+
+        // Delete removes the line and the file of the shown name; with nothing shown it does nothing.
+        pickByTyping(list, "oldat");
+        click(form, "MagiDel");
+        QCOMPARE(form.read("MagiList.txt"),
+                 "Ken\xF5"
+                 "cs\r\n");
+        QVERIFY(!std::filesystem::exists(form.directory.path() / "upd/magi/Oldat"));
+        QVERIFY(std::filesystem::exists(form.directory.path() / "upd/magi/Kenőcs"));
+        click(form, "MagiDel");
+        QCOMPARE(list->count(), 1);
+        QCOMPARE(form.messages.texts(), QStringList());
     }
 
-    std::unique_ptr<CatalogueWindowState> m_fixture;
-    std::unique_ptr<MessageRecorder> m_messages;
-    std::unique_ptr<TMagiForm> m_form;
+    void aNameThatCannotBeAFileIsRefusedBeforeAnythingIsWritten()
+    {
+        On<TMagiForm, MagiFolder> form;
+        typeRecipe(form, "recept 1/2", "x");
+        click(form, "MagiAdd");
+        QCOMPARE(form.messages.texts(),
+                 QStringList{
+                     "A recept neve nem tartalmazhatja a következő karakterek egyikét: \\ / : * ? \" < > |"});
+        QCOMPARE(form.messages.captions(), QStringList{"Saját Magi receptek"});
+        QCOMPARE(control<QComboBox>(form, "MagiList")->count(), 0);
+        QCOMPARE(form.read("MagiList.txt"), std::string());
+    }
+
+    void anUnusableFolderSaysSoAtTheFirstShowing()
+    {
+        MagiFolder folder;
+        folder.write("upd", "a file where the folder should be");
+        Shown<TMagiForm> form(folder.state);
+        QCOMPARE(form.messages.texts().size(), 1);
+        QVERIFY(form.messages.texts().front().startsWith("A saját receptek mappája nem hozható létre: "));
+        typeRecipe(form, "A", "x");
+        click(form, "MagiAdd");
+        QCOMPARE(form.messages.texts().size(), 2);
+        QVERIFY(form.messages.texts().back().startsWith("A saját receptek listája nem menthető: "));
+        QCOMPARE(folder.directory.read("upd"), "a file where the folder should be");
+    }
+
+    void aRightClickOnTheRecipeHandsItToThePrescription()
+    {
+        On<TMagiForm, MagiFolder> form;
+        typeRecipe(form, "Kenőcs", "Rp.\nAcidi salicylici 5,0");
+        auto* text = control<QPlainTextEdit>(form, "MagiTxt")->viewport();
+        QTest::mouseClick(text, Qt::RightButton);  // no prescription window: nothing happens
+        std::vector<std::string> handed;
+        form.setPrescriptionHandover(
+            [&](const std::string& name, const std::string& recipe, const std::string& code) {
+                handed = {name, recipe, code};
+            });
+        QTest::mouseClick(text, Qt::LeftButton);
+        QVERIFY(handed.empty());
+        QTest::mouseClick(text, Qt::RightButton);
+        QCOMPARE(handed, (std::vector<std::string>{"Ken\xF5"
+                                                   "cs",
+                                                   "Rp.\nAcidi salicylici 5,0", "999999999"}));
+    }
 };
-
-void TestRvmagi::addedRecipesAreListedSavedAndReadBack()
-{
-    const auto& directory = m_fixture->directory;
-    m_form->show();
-    QCOMPARE(m_form->windowTitle(), QStringLiteral("Saját Magi receptek"));
-    QCOMPARE(directory.read("upd/magi/MagiList.txt"), std::string());
-    typeRecipe(QStringLiteral("Kenőcs"), QStringLiteral("Rp.\nAcidi salicylici 5,0"));
-    click("MagiAdd");
-    typeRecipe(QStringLiteral("Oldat"), QStringLiteral("Rp.\nAquae 100,0"));
-    click("MagiAdd");
-    QCOMPARE(directory.read("upd/magi/MagiList.txt"),
-             "Ken\xF5"
-             "cs\r\nOldat\r\n");
-    QCOMPARE(directory.read("upd/magi/Kenőcs"), "Rp.\r\nAcidi salicylici 5,0");
-
-    // Typing filters the names, accents and case folded; Enter picks the first match.
-    auto* list = control<QComboBox>(*m_form, "MagiList");
-    auto* text = control<QPlainTextEdit>(*m_form, "MagiTxt");
-    pickByTyping(list, QStringLiteral("KENO"));
-    QCOMPARE(list->currentText(), QStringLiteral("Kenőcs"));
-    QCOMPARE(text->toPlainText(), QStringLiteral("Rp.\nAcidi salicylici 5,0"));
-    text->setPlainText(QStringLiteral("Rp.\nAcidi salicylici 10,0"));
-    click("MagiMod");
-    QCOMPARE(directory.read("upd/magi/Kenőcs"), "Rp.\r\nAcidi salicylici 10,0");
-    QCOMPARE(list->count(), 2);
-
-    // Delete removes the line and the file of the shown name; with nothing shown it does nothing.
-    pickByTyping(list, QStringLiteral("oldat"));
-    click("MagiDel");
-    QCOMPARE(directory.read("upd/magi/MagiList.txt"),
-             "Ken\xF5"
-             "cs\r\n");
-    QVERIFY(!std::filesystem::exists(directory.path() / "upd/magi/Oldat"));
-    QVERIFY(std::filesystem::exists(directory.path() / "upd/magi/Kenőcs"));
-    click("MagiDel");
-    QCOMPARE(list->count(), 1);
-    QCOMPARE(m_messages->texts(), QStringList());
-}
-
-void TestRvmagi::aNameThatCannotBeAFileIsRefusedBeforeAnythingIsWritten()
-{
-    m_form->show();
-    typeRecipe(QStringLiteral("recept 1/2"), QStringLiteral("x"));
-    click("MagiAdd");
-    QCOMPARE(m_messages->texts(),
-             QStringList{QStringLiteral(
-                 "A recept neve nem tartalmazhatja a következő karakterek egyikét: \\ / : * ? \" < > |")});
-    QCOMPARE(m_messages->captions(), QStringList{QStringLiteral("Saját Magi receptek")});
-    QCOMPARE(control<QComboBox>(*m_form, "MagiList")->count(), 0);
-    QCOMPARE(m_fixture->directory.read("upd/magi/MagiList.txt"), std::string());
-}
-
-void TestRvmagi::anUnusableFolderSaysSoAtTheFirstShowing()
-{
-    m_form.reset();  // the form made by init() made the folder
-    std::filesystem::remove_all(m_fixture->directory.path() / "upd");
-    m_fixture->write("upd", "a file where the folder should be");
-    m_form = std::make_unique<TMagiForm>(m_fixture->state);
-    m_form->show();
-    QCOMPARE(m_messages->texts().size(), 1);
-    QVERIFY(m_messages->texts().front().startsWith(
-        QStringLiteral("A saját receptek mappája nem hozható létre: ")));
-    typeRecipe(QStringLiteral("A"), QStringLiteral("x"));
-    click("MagiAdd");
-    QCOMPARE(m_messages->texts().size(), 2);
-    QVERIFY(m_messages->texts().back().startsWith(QStringLiteral("A saját receptek listája nem menthető: ")));
-    QCOMPARE(m_fixture->directory.read("upd"), "a file where the folder should be");
-}
-
-void TestRvmagi::aRightClickOnTheRecipeHandsItToThePrescription()
-{
-    TMagiForm& form = *m_form;
-    form.show();
-    typeRecipe(QStringLiteral("Kenőcs"), QStringLiteral("Rp.\nAcidi salicylici 5,0"));
-    auto* text = control<QPlainTextEdit>(form, "MagiTxt")->viewport();
-    QTest::mouseClick(text, Qt::RightButton);  // no prescription window: nothing happens
-    std::vector<std::string> handed;
-    form.setPrescriptionHandover(
-        [&](const std::string& name, const std::string& recipe, const std::string& code) {
-            handed = {name, recipe, code};
-        });
-    QTest::mouseClick(text, Qt::LeftButton);
-    QVERIFY(handed.empty());
-    QTest::mouseClick(text, Qt::RightButton);
-    QCOMPARE(handed, (std::vector<std::string>{"Ken\xF5"
-                                               "cs",
-                                               "Rp.\nAcidi salicylici 5,0", "999999999"}));
-}
 
 QTEST_MAIN(TestRvmagi)
 #include "tst_Rvmagi.moc"

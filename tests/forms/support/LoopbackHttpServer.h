@@ -7,8 +7,8 @@
 #include <QHash>
 #include <QList>
 #include <QTcpServer>
-
-class QTcpSocket;
+#include <QTcpSocket>
+#include <memory>
 
 class LoopbackHttpServer : public QTcpServer
 {
@@ -16,9 +16,29 @@ class LoopbackHttpServer : public QTcpServer
 public:
     enum class Behaviour { Answer, NeverAnswer, Flood };  // Flood: 200 and ten megabytes
 
-    explicit LoopbackHttpServer(QObject* parent = nullptr);
-    [[nodiscard]] QString url() const;          // its rvupg.ini
-    [[nodiscard]] static quint16 closedPort();  // a loopback port nothing listens on
+    explicit LoopbackHttpServer(QObject* parent = nullptr) : QTcpServer(parent)
+    {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            while (QTcpSocket* socket = nextPendingConnection()) {
+                connect(socket, &QTcpSocket::disconnected, this, [this, socket] {
+                    m_requests.remove(socket);
+                    socket->deleteLater();
+                });
+                connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { read(socket); });
+            }
+        });
+    }
+    [[nodiscard]] QString url() const  // its rvupg.ini
+    {
+        return QString("http://127.0.0.1:%1/rovanel/rvupg.ini").arg(serverPort());
+    }
+    [[nodiscard]] static quint16 closedPort()  // a loopback port nothing listens on
+    {
+        QTcpServer probe;
+        probe.listen(QHostAddress::LocalHost);
+        return probe.serverPort();  // closed when `probe` goes
+    }
 
     Behaviour behaviour = Behaviour::Answer;
     int status = 200;
@@ -26,6 +46,37 @@ public:
     QList<QByteArray> requestLines;  // the first line of every request received
 
 private:
-    void flood(QTcpSocket* socket);
+    void read(QTcpSocket* socket)
+    {
+        QByteArray& request = m_requests[socket];
+        const bool answered = request.contains("\r\n\r\n");
+        request += socket->readAll();
+        if (answered || !request.contains("\r\n\r\n")) return;
+        requestLines.append(request.left(request.indexOf("\r\n")));
+        if (behaviour == Behaviour::Answer) {
+            socket->write("HTTP/1.1 " + QByteArray::number(status) + (status == 200 ? " OK" : " Hiba") +
+                          "\r\nContent-Length: " + QByteArray::number(body.size()) +
+                          "\r\nConnection: close\r\n\r\n" + body);
+            socket->disconnectFromHost();
+        } else if (behaviour == Behaviour::Flood) {
+            flood(socket);
+        }
+    }
+    // Ten megabytes of 64 KiB pieces, each written when the one before has gone, beginning with three
+    // lines.
+    static void flood(QTcpSocket* socket)
+    {
+        constexpr qint64 kFloodBytes = 10 * 1024 * 1024;
+        socket->write("HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(kFloodBytes) + "\r\n\r\n");
+        const QByteArray piece =
+            QByteArray("20261201\r\n2026.12.01\r\nwww.rovanel.hu\r\n").leftJustified(64 * 1024, 'x');
+        auto sent = std::make_shared<qint64>(0);
+        const auto more = [socket, piece, sent] {
+            if (*sent < kFloodBytes && socket->bytesToWrite() == 0) *sent += socket->write(piece);
+        };
+        connect(socket, &QTcpSocket::bytesWritten, socket, more);
+        more();
+    }
+
     QHash<QTcpSocket*, QByteArray> m_requests;
 };

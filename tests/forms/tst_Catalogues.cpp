@@ -1,0 +1,193 @@
+// The medical aids and the FoNo formulary windows driven by their controls' names, on catalogue files
+// written into a scratch data folder.
+
+#include "catalogues/forms/Fono.h"
+#include "catalogues/forms/Se.h"
+#include "tests/forms/support/Windows.h"
+
+namespace
+{
+
+// The aids catalogue (three aids in two groups of one chapter), written at once or later by writeAll().
+struct Aids : CatalogueWindowState {
+    explicit Aids(bool written = true)
+    {
+        if (written) writeAll();
+    }
+    void writeAll() const
+    {
+        const char* se =
+            "010101\tTérdortézis\tdarab\t100\t80\t20\t0\t0\t0\t0\tI\t1\t-\t-\t12\t-\t-\r\n"
+            "010102\tBokaortézis\tpár\t200\t0\t200\t0\t0\t0\t0\tN\t2\t-\t-\t6\t-\t-\r\n"
+            "010201\tJárókeret\tdarab\t300\t250\t50\t20\t280\t0\t0\tN\t1\t1\t-\t60\t60\t-\r\n";
+        write("se.dat", se);
+        write("senrend2.dat", "01 Ortézisek\r\n\t01 01 Alsó végtag\r\n\t01 02 Járást segítők\r\n");
+        write("sekod2.dat", "01\r\n0101\r\n0102\r\n");
+        write("sepos.dat", "0\r\n0\r\n" + std::to_string(rovanel::utf8ToCp1250(se).find("010201")) + "\r\n");
+        write("seiso.dat", "01\r\n01 01\r\n01 02\r\n");
+        write("senev.dat",
+              "Térdortézis darab\t010101\r\nBokaortézis pár\t010102\r\nJárókeret darab\t010201\r\n");
+        write("semegj.dat", "01\t1\tszakorvosi javaslatra~~rendelhető\r\n0102\t5\tkölcsönözhető is\r\n");
+    }
+};
+
+// The FoNo files: two items, their names, index and chapter tree.
+struct Formulary : CatalogueWindowState {
+    Formulary()
+    {
+        const std::string fono =
+            "#1\r\nPasta zinci 10%\r\nFoNo VII. 1.1\r\n#2\r\nPasta zinci 10%\r\nRp.\r\n"
+            "Zinci oxydati   10,0\r\nJavallat: nedvedző bőr\r\n\r\n#1\r\nUnguentum acidi salicylici 5%\r\n"
+            "FoNo VII. 1.2\r\n#2\r\nUnguentum acidi salicylici 5%\r\nRp.\r\nEllenjavallat: szalicilát-"
+            "túlérzékenység, Javallat: hámlasztás\r\nMegjegyzés: 8 hét\r\n";
+        write("fono.dat", fono);
+        write("fononev.dat", "Pasta zinci 10%\r\nUnguentum acidi salicylici 5%\r\n");
+        write("fonoidx.dat",
+              "0\r\n" + std::to_string(rovanel::utf8ToCp1250(fono).find("#1\r\nUnguentum")) + "\r\n");
+        write("fononr.txt",
+              "I. Bőrgyógyászati készítmények\r\n\tUnguentum acidi salicylici 5%\r\n\tPasta zinci 10%\r\n");
+    }
+};
+
+QColor colourAt(const QTextEdit* box, int position)
+{
+    QTextCursor cursor(box->document());
+    cursor.setPosition(position + 1);
+    return cursor.charFormat().foreground().color();
+}
+
+}  // namespace
+
+class TestCatalogues : public QObject
+{
+    Q_OBJECT
+private slots:
+    void aidsTreeSearchListsHitsAndAGroupsAidShowsItsDescription()
+    {
+        On<TSegedeszk, Aids> form;
+        QCOMPARE(form.windowTitle(), QString("Gyógyászati segédeszközök"));
+        QVERIFY(control<QRadioButton>(form, "FabaListaba1")->isChecked());
+        auto* tree = control<QTreeWidget>(form, "SeTree");
+        QCOMPARE(tree->topLevelItemCount(), 1);
+        QCOMPARE(tree->topLevelItem(0)->child(1)->toolTip(0), QString("01 02"));
+
+        typeInto(form, "SeEdt", "JÁRÁST");
+        click(form, "SeKeres");
+        QCOMPARE(linesOf(form, "FoundSeLst"), QStringList{"01 02 Járást segítők"});
+        QVERIFY(!control<QPushButton>(form, "SeNext")->isEnabled());
+        auto* found = control<QListWidget>(form, "FoundSeLst");
+        doubleClick(found, found->model()->index(0, 0));
+        QCOMPARE(currentNode(form, "SeTree"), QString("01 02 Járást segítők"));
+        QCOMPARE(linesOf(form, "SeList"), QStringList{"Járókeret darab"});
+        auto* list = control<QTreeWidget>(form, "SeList");
+        list->setCurrentItem(list->topLevelItem(0));
+        QCOMPARE(textOf(form, "SeDesc"),
+                 QString("Járókeret darab\nBruttó ár: 300Ft\tTámogatás: 250Ft\tTérítési díj: 50Ft"
+                         "\nFizetendő emelt indikációra: 20 Támogatás emelt indikációra: 280"
+                         "\n---Felírható mennyiség: Normativ=1 ,emelt=1,kiemelt=-"
+                         "\n---Kihordási idő: Normativ=60, emelt= 60,kiemelt=-  hónap"
+                         "\n---Normatív---\n szakorvosi javaslatra\nrendelhető"
+                         "\n---Kölcsönözhető---\n kölcsönözhető is"));
+    }
+
+    void aidsOneByOneSelectsEachHitInTurn()
+    {
+        On<TSegedeszk, Aids> form;
+        click(form, "FabaListaba0");
+        QVERIFY(control<QRadioButton>(form, "FabaListaba0")->isChecked());
+        typeInto(form, "SeEdt", "01");
+        click(form, "SeKeres");
+        QVERIFY(control<QPushButton>(form, "SeNext")->isEnabled());
+        QCOMPARE(linesOf(form, "FoundSeLst"), QStringList{});
+        QStringList visited{currentNode(form, "SeTree")};
+        for (int press = 0; press < 3; ++press) {
+            click(form, "SeNext");
+            visited << currentNode(form, "SeTree");
+        }
+        QCOMPARE(visited, (QStringList{"01 Ortézisek", "01 01 Alsó végtag", "01 02 Járást segítők",
+                                       "01 02 Járást segítők"}));  // the last hit stays
+        auto* top = control<QTreeWidget>(form, "SeTree")->topLevelItem(0);
+        click(form, "SeTreeExpand");
+        QVERIFY(top->isExpanded());
+        click(form, "SeTreeCollapse");
+        QVERIFY(!top->isExpanded());
+    }
+
+    void aidsNameSearchFindsTheAidInItsGroup()
+    {
+        On<TSegedeszk, Aids> form;
+        typeInto(form, "SeEdt", "bokaORT");
+        click(form, "SeNevKeres");
+        QCOMPARE(linesOf(form, "FoundSeLst"), QStringList{"Bokaortézis pár"});
+        auto* found = control<QListWidget>(form, "FoundSeLst");
+        found->setCurrentRow(0);
+        QTest::mouseClick(found->viewport(), Qt::LeftButton, {},
+                          found->visualItemRect(found->item(0)).center());
+        QCOMPARE(currentNode(form, "SeTree"), QString("01 01 Alsó végtag"));
+        click(form, "SeListaz");
+        QCOMPARE(linesOf(form, "SeList").size(), 2);
+        QCOMPARE(textOf(form, "SeDesc"),
+                 QString("Bokaortézis pár\n - Nem támogatott termék, nincs árinformáció - "
+                         "\n---Felírható mennyiség: Normativ=2 ,emelt=-,kiemelt=-"
+                         "\n---Kihordási idő: Normativ=6, emelt= -,kiemelt=-  hónap"
+                         "\n---Normatív---\n szakorvosi javaslatra\nrendelhető"));
+    }
+
+    // A missing file leaves the window empty, and is tried again at the next showing.
+    void missingFilesLeaveTheWindowsEmpty()
+    {
+        Aids fixture(false);
+        Shown<TSegedeszk> aids(fixture.state);
+        Shown<TFoNoForm> formulary(fixture.state);
+        for (const char* button : {"SeKeres", "SeNevKeres", "SeListaz"}) click(aids, button);
+        const QStringList none;
+        QCOMPARE(linesOf(aids, "SeTree") + linesOf(aids, "SeList"), none);
+        QCOMPARE(linesOf(formulary, "FoNoTree") + linesOf(formulary, "FoNoLst"), none);
+        aids.hide();
+        fixture.writeAll();
+        aids.show();
+        QCOMPARE(linesOf(aids, "SeTree"), QStringList{"01 Ortézisek"});
+    }
+
+    void formularyNodeShowsItsItemWithColouredTitleAndLabels()
+    {
+        On<TFoNoForm, Formulary> form;
+        QCOMPARE(form.windowTitle(), QString("FoNo"));
+        auto* tree = control<QTreeWidget>(form, "FoNoTree");
+        tree->setCurrentItem(tree->topLevelItem(0)->child(0));
+        QCOMPARE(control<QComboBox>(form, "FoNoLst")->currentIndex(), 1);
+        auto* box = control<QTextEdit>(form, "FoNoRtf");
+        const QString text = box->toPlainText();
+        QCOMPARE(text,
+                 QString("Unguentum acidi salicylici 5%\nRp.\nJavallat:\nllat: szalicilát-túlérzékenység, "
+                         "Javallat: hámlasztás\nMegjegyzés:\n 8 hét\n"));
+        const QList<QColor> colours{colourAt(box, 0), colourAt(box, text.indexOf("Rp.")),
+                                    colourAt(box, text.indexOf("Javallat:")),
+                                    colourAt(box, text.indexOf("llat: sz"))};
+        QCOMPARE(colours,
+                 (QList<QColor>{QColor(0, 0, 255), QColor(0, 128, 0), QColor(0, 128, 0), QColor(0, 0, 0)}));
+        QCOMPARE(QString::fromStdString(rovanel::cp1250ToUtf8(form.FoNoName())),
+                 QString("Unguentum acidi salicylici 5%"));
+    }
+
+    // Typing filters the names (case and accents folded), Enter picks the item under its own number; a
+    // chapter node then shows nothing.
+    void formularyPickedNameShowsItsItemAndAChapterNodeNothing()
+    {
+        On<TFoNoForm, Formulary> form;
+        auto* names = control<QComboBox>(form, "FoNoLst");
+        pickByTyping(names, "SALIC");
+        QCOMPARE(names->currentIndex(), 1);
+        QVERIFY(textOf(form, "FoNoRtf").startsWith("Unguentum"));
+        pickByTyping(names, "pasta");
+        QVERIFY(textOf(form, "FoNoRtf").startsWith("Pasta zinci 10%\nRp."));
+        auto* tree = control<QTreeWidget>(form, "FoNoTree");
+        tree->setCurrentItem(tree->topLevelItem(0)->child(0));  // the chapter is current from the start
+        tree->setCurrentItem(tree->topLevelItem(0));
+        QCOMPARE(textOf(form, "FoNoRtf"), QString());
+        QCOMPARE(names->currentIndex(), -1);
+    }
+};
+
+QTEST_MAIN(TestCatalogues)
+#include "tst_Catalogues.moc"

@@ -1,0 +1,168 @@
+// The public-care certificate and the specialist recommendation windows driven by their controls' names;
+// what they print is caught as PDF and read back.
+
+#include "certs/forms/Kgy.h"
+#include "certs/forms/Szakjav.h"
+#include "tests/forms/support/Windows.h"
+
+namespace
+{
+
+rovanel::testing::EngineDatabase withAmlodipinGroup()
+{
+    rovanel::testing::EngineDatabase database;
+    database.atcGroups = {{"C", "Szív"}, {"C08", "Kalciumcsatorna-blokkolók"}, {"C08CA-01", "amlodipin"}};
+    return database;
+}
+
+// The data folder of both windows: RV.INI names the patient data file and the certificate list in it.
+struct CertificateFolder : DatabaseState {
+    CertificateFolder() : DatabaseState(withAmlodipinGroup())
+    {
+        const std::string folder = directory.path().string();
+        directory.write("RV.INI", "[Rovanel Beallitasok]\nKgyTxtPath=" + folder +
+                                      "/kgy.txt\nBetegAdatokIniPath=" + folder + "/beteg.ini\n");
+        directory.write("beteg.ini",
+                        rovanel::utf8ToCp1250("[BetegAdatok]\nBeteg neve=Kiss Éva\nOrvosNeve=Dr. Szabo\n"
+                                              "OrvosMhTel=1-234\n[OrvosAdatok]\norvnev=Dr. Kovács Béla\n"));
+        directory.write("kgy.txt", rovanel::utf8ToCp1250("C08CA01;1234567;Norvasc 5 mg tabletta 30x;tabletta;"
+                                                         "amlodipin \r\nA02BC01;7654321;Omeprazol;kapszula;"
+                                                         "omeprazol\r\n"));
+    }
+};
+
+rovanel::RecommendationHandover handover(const char* title)
+{
+    rovanel::RecommendationHandover given;
+    given.bno = "I1000";
+    given.titleText = title;
+    given.atcCode = "C08CA01";
+    given.patientName = rovanel::utf8ToCp1250("Kiss Éva");
+    given.taj = "123456789";
+    return given;
+}
+
+QString cell(const QObject& form, const char* grid, int row, int column)
+{
+    const QTableWidgetItem* item = control<QTableWidget>(form, grid)->item(row, column);
+    return item ? item->text() : QString();
+}
+
+}  // namespace
+
+class TestCertificates : public QObject
+{
+    Q_OBJECT
+private slots:
+    void certificateListsEveryProductOfTheListInOrder()
+    {
+        On<TKgyForm, CertificateFolder> form;
+        QCOMPARE(form.windowTitle(), QString("Közgyógy igazolás"));
+        QVERIFY(form.messages.texts().isEmpty());
+        auto* k = control<QTextEdit>(form, "k");
+        const QStringList lines = k->toPlainText().split('\n');
+        const std::pair<int, const char*> expected[] = {{2, "Neve: Kiss Éva"},
+                                                        {6, "Tartózkodási helye: tarkózkodási hely"},
+                                                        {15, "BNO: ?????"},
+                                                        {16, "ATC: C08CA01"},
+                                                        {20, "Hatóanyag: amlodipin "},
+                                                        {27, "ATC: A02BC01"},
+                                                        {39, "A háziorvos neve: Dr. Kovács Béla"}};
+        QCOMPARE(lines.value(0), QString(55, ' ') + "Háziorvosi igazolás");
+        for (const auto& [line, text] : expected) QCOMPARE(lines.value(line), QString(text));
+        QCOMPARE(lines.last(), QString("              háziorvos aláírása"));
+        const QTextBlock title = k->document()->firstBlock();
+        QVERIFY(title.charFormat().fontWeight() == QFont::Bold ||
+                title.begin().fragment().charFormat().fontWeight() == QFont::Bold);
+        HelpRequests help;
+        QTest::keyClick(k, Qt::Key_F1);
+        QCOMPARE(help.contexts, QList<int>{720});
+    }
+
+    void emptiedListGivesTheEmptyListMessageAndEmptyingIsSilent()
+    {
+        On<TKgyForm, CertificateFolder> form;
+        click(form, "KgyEmptyList");
+        click(form, "KgyEmptyList");
+        QVERIFY(form.messages.texts().isEmpty());
+        QVERIFY(!std::filesystem::exists(form.directory.path() / "kgy.txt"));
+        form.hide();
+        form.show();
+        QCOMPARE(form.messages.texts(), QStringList{"Üres közgyógy lista"});
+        QVERIFY(textOf(form, "k").contains("1. Havi rendszerességgel rendelt gyógyszerek:\n2. Gyógyászati"));
+    }
+
+    // "Direkt" prints and "PDF" saves what the box holds, edits included.
+    void printAndPdfTakeTheBoxAsEdited()
+    {
+        CertificateFolder fixture;
+        PdfPrints printed(fixture.directory.path() / "printed.pdf");
+        const PdfPrints saved(fixture.directory.path() / "igazolas.pdf", PdfPrints::Way::AskedFile);
+        Shown<TKgyForm> form(fixture.state);
+        auto* k = control<QTextEdit>(form, "k");
+        k->moveCursor(QTextCursor::End);
+        QTest::keyClicks(k, " Budapest");
+        click(form, "KgyPrint");
+        QCOMPARE(printed.count, 1);
+        QVERIFY2(printed.text().contains("Neve: Kiss Éva"), qPrintable(printed.text()));
+        QVERIFY(printed.text().contains("háziorvos aláírása Budapest"));
+        click(form, "KgyPdf");
+        QVERIFY(form.messages.texts().isEmpty());
+        QVERIFY2(saved.text().startsWith("Háziorvosi igazolás"), qPrintable(saved.text()));
+        QVERIFY(saved.text().contains("háziorvos aláírása Budapest"));
+    }
+
+    void fillAddsTheDrugLineAndTheRowButtonsDeleteLines()
+    {
+        On<Tszj, CertificateFolder> form;
+        QCOMPARE(form.windowTitle(), QString("Szakorvosi javaslat készítése"));
+        auto* gg = control<QTableWidget>(form, "gg");
+        QCOMPARE(QSize(gg->columnCount(), gg->rowCount()), QSize(9, 10));
+        QCOMPARE(cell(form, "gg", 0, 0), QString("Üres BNO"));
+        for (const char* title : {"90%  EU1", "100% K2", "50%  EU3"}) form.fill(handover(title));
+        QVERIFY(form.messages.texts().isEmpty());
+        const QStringList filled{cell(form, "gg", 0, 0), cell(form, "bg", 0, 1), cell(form, "og", 0, 1),
+                                 cell(form, "og", 2, 1), cell(form, "gg", 1, 1), cell(form, "gg", 1, 5),
+                                 cell(form, "gg", 2, 7), cell(form, "gg", 3, 6)};
+        QCOMPARE(filled, (QStringList{"I1000", "Kiss Éva", "Dr. Szabo", "KITÖLTENDŐ", "amlodipin", "90%",
+                                      "K2", "EU3"}));
+        click(form, "DelLine");
+        QCOMPARE((QStringList{cell(form, "gg", 1, 7), cell(form, "gg", 2, 6), cell(form, "gg", 3, 0)}),
+                 (QStringList{"K2", "EU3", ""}));
+        click(form, "DelLastLine");
+        QCOMPARE((QStringList{cell(form, "gg", 1, 7), cell(form, "gg", 2, 6)}), (QStringList{"K2", ""}));
+        HelpRequests help;
+        QTest::keyClick(gg, Qt::Key_F1);
+        QCOMPARE(help.contexts, QList<int>{620});
+        click(form, "SzjKilep");
+        QVERIFY(!form.isVisible());
+    }
+
+    void missingAtcNameFileGivesItsMessage()
+    {
+        CertificateFolder fixture;
+        fixture.directory.remove("atcnrend.dat");
+        Shown<Tszj> form(fixture.state);
+        form.fill(handover("90%  EU1"));
+        QCOMPARE(form.messages.texts(), QStringList{"ATC file nyitás hiba."});
+        QCOMPARE(cell(form, "gg", 1, 0), QString());
+    }
+
+    void printedRecommendationHoldsTheGridsAsEditedAtTheirPlaces()
+    {
+        CertificateFolder fixture;
+        PdfPrints printed(fixture.directory.path() / "javaslat.pdf");
+        Shown<Tszj> form(fixture.state);
+        form.fill(handover("90%  EU1"));
+        control<QTableWidget>(form, "gg")->item(1, 2)->setText("5 mg");
+        click(form, "PrintSzakjav");
+        QVERIFY2(!printed.words().empty(), "pdftotext (poppler-utils) is needed");
+        const QStringList placed{printed.at(280, 125), printed.at(280, 270), printed.at(80, 455),
+                                 printed.at(200, 455), printed.at(480, 455), printed.at(60, 40)};
+        QCOMPARE(placed, (QStringList{"Kiss Éva", "Dr. Szabo", "amlodipin", "5 mg", "90%",
+                                      "Szakorvosi javaslat támogatással történő gyógyszerrendeléshez"}));
+    }
+};
+
+QTEST_MAIN(TestCertificates)
+#include "tst_Certificates.moc"

@@ -1,0 +1,436 @@
+// The prescription window driven by its controls' names on the demo database, with the patient data file
+// and the dosage list in a scratch folder and every message box recorded; the BNO browser on the demo's
+// bno.tre; and the renderer of the printed forms, whose PDF is read back with poppler, each value within
+// 1 mm of its box.
+
+#include "app/IniFile.h"
+#include "app/RegistrySettings.h"
+#include "certs/forms/Szakjav.h"
+#include "rx/PackageData.h"
+#include "rx/PatientData.h"
+#include "rx/RxPrintLayout.h"
+#include "rx/forms/Rvbno.h"
+#include "rx/forms/Rvrp.h"
+#include "tests/forms/support/Windows.h"
+
+namespace
+{
+
+const std::filesystem::path kDemo = ROVANEL_DEMO_DB;
+
+// The scratch folder of one test, and what the window leaves in it.
+struct Scratch : WindowSurroundings {
+    rovanel::testing::ScratchDirectory folder;
+    std::filesystem::path ini = folder.path() / "beteg.ini";
+
+    [[nodiscard]] std::string history() const
+    {
+        return rovanel::readProfileString(ini, rovanel::kPatientSection, "Felirt gyogyszerek", "", 100000);
+    }
+};
+
+// Hands the window a magistral item for the demo's "from the drug list" source 0, with a BNO code.
+void addMagistral(TRp& form)
+{
+    form.setSource(0);
+    form.addItem("Rp. Acidi borici 2,0", "Naponta 2x", std::string(rovanel::kMagistralProductCode));
+    control<QLineEdit>(form, "BetegBNO")->setText("I10H0");
+}
+
+QString selected(const QObject& form)
+{
+    const auto items = control<QTreeWidget>(form, "BnoTree")->selectedItems();
+    return items.isEmpty() ? QString() : items.first()->text(0);
+}
+
+void search(const QObject& form, const QString& text)
+{
+    control<QLineEdit>(form, "BnoEdt")->setText(text);
+    click(form, "BnoKeres");
+}
+
+}  // namespace
+
+class TestPrescription : public QObject
+{
+    Q_OBJECT
+    DatabaseState m_demo{kDemo};
+    std::unique_ptr<Scratch> m_scratch;
+
+    std::unique_ptr<TRp> makeForm()
+    {
+        auto form = std::make_unique<TRp>(m_demo.state, kDemo);
+        form->setPatientDataPath(m_scratch->ini);
+        form->setDosageListPath(m_scratch->folder.path() / "DsList.txt");
+        form->setToday("20261123");
+        form->setSource(3);
+        return form;
+    }
+    // The messages shown since the last look.
+    [[nodiscard]] QStringList messages() const { return m_scratch->messages.take(); }
+    // The first medicine with an increased (fee-paying) support and no highlighted one.
+    [[nodiscard]] std::int32_t packageWithFeeKey() const
+    {
+        for (std::int32_t record = 0; record < m_demo.state.tables.counts.medicines(); ++record) {
+            const auto package = rovanel::packageData(m_demo.state.tables, kDemo, record);
+            if (package && !package->keys.feeKey.empty() && package->keys.freeKey.empty() &&
+                package->daysPerPackage > 0)
+                return record;
+        }
+        return -1;
+    }
+
+private slots:
+    void initTestCase() { QVERIFY(m_demo.state.tables.counts.products() > 0); }
+    void init() { m_scratch = std::make_unique<Scratch>(); }
+    void cleanup() { m_scratch.reset(); }
+
+    void prescriptionForAPackageIsWrittenCheckedAndSaved()
+    {
+        const std::int32_t record = packageWithFeeKey();
+        QVERIFY(record >= 0);
+        auto form = makeForm();
+        QVERIFY(!form->openForPackage(-1));
+        QCOMPARE(messages(), QStringList{"A kurzor nem kiszerelést tartalmazó sorban van!"});
+        QVERIFY(!form->isVisible());
+        QVERIFY(form->openForPackage(record));
+        QCOMPARE(form->windowTitle(), QString("Recept"));
+        QCOMPARE(textsOf(*form, {"FelirDat", "GyogyszerDs", "BetegNev", "BetegKora", "JogcimGrp5"}),
+                 (QStringList{"20261123", "D.S.:", "Beteg neve", "Kora: 2026 év",
+                              "Eü. emelt"}));  // no patient file
+
+        // "Eü. emelt" on a prescription from the drug list opens the BNO code list at once.
+        QCOMPARE(textOf(*form, "BnoKodok"), QString("Kódtábla"));
+        click(*form, "JogcimGrp5");
+        auto* list = control<QListWidget>(*form, "BnoEuLst");
+        QVERIFY(list->count() > 0);
+        QVERIFY(list->item(0)->text().contains(QRegularExpression("\t(90|70|50)%  ")));
+        QCOMPARE(
+            textsOf(*form, {"BnoKodok", "MsgLabel"}),
+            (QStringList{"Beilleszt", "A rendelet szövege a jobb egérgomb lenyomásával megjeleníthető"}));
+        QVERIFY(messages().isEmpty());
+        form->BnoEuLstRightClick();  // the regulation text of a code line needs a line
+        QCOMPARE(messages(), QStringList{"Jelöljön ki egy sort!"});
+
+        // The list filters as one types; the hidden lines stay in it.
+        const QString code = list->item(0)->text().section(' ', 0, 0);
+        typeInto(*form, "BnoEuSzuro", code.toLower());
+        int shown = 0;
+        for (int i = 0; i < list->count(); ++i) shown += list->item(i)->isHidden() ? 0 : 1;
+        QVERIFY(!list->item(0)->isHidden());
+        QCOMPARE(shown, 1);
+        control<QLineEdit>(*form, "BnoEuSzuro")->clear();
+        QVERIFY(!list->item(list->count() - 1)->isHidden());
+
+        // Beilleszt without a chosen line asks for one; with a line it takes its code.
+        click(*form, "BnoKodok");
+        QCOMPARE(messages(), QStringList{"Jelölje ki a BNO kódot a listából!"});
+        list->setCurrentRow(0);
+        click(*form, "BnoKodok");
+        QCOMPARE(textsOf(*form, {"BetegBNO", "BnoKodok"}), (QStringList{code, "Kódtábla"}));
+        m_scratch->messages.clear();  // a qualification notice, when the point has qualifications
+
+        typeInto(*form, "Mennyiseg", "30");
+        QCOMPARE(textOf(*form, "MennyisegLatinul"), QString("triginta (XXX)"));
+        QVERIFY(textOf(*form, "RpE").contains(" hónapos adag"));
+        QVERIFY(messages().isEmpty());
+
+        click(*form, "RpSaveOnly");
+        QCOMPARE(messages(), QStringList{"Recept elmentve."});
+        const std::string history = m_scratch->history();
+        QVERIFY(history.find(rovanel::packageData(m_demo.state.tables, kDemo, record)->name) !=
+                std::string::npos);
+        QVERIFY(history.find(";triginta (XXX);") != std::string::npos);
+        QVERIFY(history.ends_with("~"));
+        QVERIFY(textOf(*form, "RpPreview").contains("triginta (XXX)"));
+
+        // A right click on a code line shows the rend.dat text of its point.
+        form->BnoEuLstRightClick();
+        const QStringList regulation = messages();
+        QVERIFY(regulation.size() == 1 && regulation.front().startsWith("Emelt "));
+        list->addItem("A0000 \t90%  EU999/z\t");
+        list->setCurrentRow(list->count() - 1);
+        form->BnoEuLstRightClick();
+        QCOMPARE(messages(), QStringList{"Hibás kód:_EU999/z"});
+    }
+
+    void recordCheckStopsAtTheFirstFailure()
+    {
+        auto form = makeForm();
+        QVERIFY(form->openForPackage(0));
+        const std::tuple<const char*, const char*, const char*> cases[] = {
+            {"", "I10", "Rövid BNO kód"},
+            {"", "I10H0", "Adja meg a mennyiséget!"},
+            {"1", "I1090", "Hibás BNO kód"}};  // five characters, but no node of the tree holds it
+        for (const auto& [quantity, bno, message] : cases) {
+            control<QLineEdit>(*form, "Mennyiseg")->setText(quantity);
+            control<QLineEdit>(*form, "BetegBNO")->setText(bno);
+            click(*form, "RpSaveOnly");
+            QCOMPARE(messages(), (QStringList{message, "Hibás adatok!"}));
+        }
+        QVERIFY2(!std::filesystem::exists(m_scratch->ini), "nothing is saved");
+    }
+
+    // Without an entry of the drug's own only three titles are offered; one shown as "-" is refused.
+    void permanentDrugWithoutEntryAllowsOnlyThreeTitles()
+    {
+        QVERIFY(rovanel::writeProfileString(m_scratch->ini, rovanel::kPatientSection, "Allando gyogyszerek",
+                                            "900000001;;ELSO 10 MG;3;2;duas (II);D.S.: reggel;;;;~900000009;;"
+                                            "MASIK;0;;;;;;;~"));
+        auto form = makeForm();
+        form->showPermanentDrugs(false);
+        QCOMPARE(form->listMode(), 0);
+        form->showPermanentDrugs(true);
+        QCOMPARE(form->listMode(), 3);
+        QCOMPARE(control<QListWidget>(*form, "GyChLst")->count(), 2);
+        form->GyChLstClick(0);
+        QCOMPARE(form->windowTitle(), QString("900000001"));
+        QCOMPARE(textOf(*form, "GyogyszerNev"), QString("ELSO 10 MG"));
+        QVERIFY(control<QRadioButton>(*form, "KiszertipGrp3")->isChecked());
+        QCOMPARE(textsOf(*form, {"JogcimGrp4", "JogcimGrp8"}),
+                 (QStringList{"Eü. rend.", "Eü. térítésköt. + közgy"}));
+        form->GyChLstClick(1);
+        QCOMPARE(
+            textsOf(*form, {"JogcimGrp0", "JogcimGrp1", "JogcimGrp2", "JogcimGrp3", "JogcimGrp4",
+                            "JogcimGrp5", "JogcimGrp6", "JogcimGrp7", "JogcimGrp8", "JogcimGrp9"}),
+            (QStringList{"Normatív", "-", "-", "-", "-", "-", "Teljes ár", "-", "-", "Egyedi támogatás"}));
+        QVERIFY(control<QRadioButton>(*form, "JogcimGrp0")->isChecked());
+        QVERIFY(messages().isEmpty());
+        click(*form, "JogcimGrp1");
+        QCOMPARE(messages(), QStringList{"Nem rendelhető ilyen jogcímen"});
+        QVERIFY2(control<QRadioButton>(*form, "JogcimGrp1")->isChecked(), "the choice stays as made");
+    }
+
+    void dosageListIsNeverOverwrittenByTheTemplate()
+    {
+        m_scratch->folder.write("DsList.txt", "Saj\xE1t adagol\xE1s\r\n");  // Windows-1250
+        auto form = makeForm();
+        QVERIFY(form->openForPackage(0));
+        auto* dosages = control<QComboBox>(*form, "RpDsList");
+        QCOMPARE(dosages->count(), 1);
+        dosages->setEditText("Naponta 2x1");
+        QCOMPARE(textOf(*form, "GyogyszerDs"), QString("D.S.:\nNaponta 2x1"));
+        click(*form, "DsAd");
+        QCOMPARE(dosages->count(), 2);
+        auto again = makeForm();
+        QVERIFY(again->openForPackage(0));
+        QCOMPARE(linesOf(*again, "RpDsList"), (QStringList{"Naponta 2x1", "Saját adagolás"}));
+    }
+
+    // A magistral item needs no quantity; without a BNO code nothing is printed. "Direkt" saves, then
+    // prints; "PDF" saves the same form as the chosen file.
+    void magistralItemIsCheckedSavedAndPrinted()
+    {
+        PdfPrints printed(m_scratch->folder.path() / "recept.pdf");
+        auto form = makeForm();
+        addMagistral(*form);
+        QCOMPARE(textOf(*form, "GyogyszerNev"), QString("Rp. Acidi borici 2,0"));
+        QCOMPARE(form->prescription().item.productCode, std::string("999999999"));
+        control<QLineEdit>(*form, "BetegBNO")->clear();
+        click(*form, "RpPrint");
+        QCOMPARE(messages(), (QStringList{"Rövid BNO kód", "Hibás adatok!"}));
+        QCOMPARE(printed.count, 0);
+        control<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
+        click(*form, "RpSaveOnly");
+        QCOMPARE(messages(), QStringList{"Recept elmentve."});
+        click(*form, "RpPrint");
+        QCOMPARE(printed.count, 1);
+        QVERIFY(m_scratch->history().find("Acidi borici") != std::string::npos);
+        const QString all = printed.text();
+        QVERIFY2(!all.isEmpty(), "pdftotext (poppler-utils) is needed");
+        for (const char* expected : {"Rp. Acidi borici 2,0", "Naponta 2x", "I 1 0 H 0"})
+            QVERIFY2(all.contains(expected), qPrintable(all));
+        const PdfPrints saved(m_scratch->folder.path() / "masik.pdf", PdfPrints::Way::AskedFile);
+        click(*form, "RpPdf");
+        QVERIFY(saved.written());
+    }
+
+    void formatModeAndMarginsAreKeptInTheUserSettings()
+    {
+        const auto registry = rovanel::openRegistryFile(m_scratch->folder.path() / "registry.ini");
+        QVERIFY(!rovanel::EnsureRegistryDefaults(*registry));  // as the program's start creates them
+        {
+            auto form = makeForm();
+            form->setRegistry(registry.get());
+            QVERIFY(control<QRadioButton>(*form, "RpFormat0")->isChecked());
+            form->show();
+            click(*form, "RpFormat2");
+            QCOMPARE(form->windowTitle(), QString("Recept formátum: Új fekvő"));
+            click(*form, "PrintModeGrp1");
+
+            // F11 shows and hides the margins in NaploSzam only.
+            auto* panel = control<QWidget>(*form, "RpMarginPanel");
+            QTest::keyClick(control<QLineEdit>(*form, "SzoAzon"), Qt::Key_F11);
+            QVERIFY(!panel->isVisible());
+            QTest::keyClick(control<QLineEdit>(*form, "NaploSzam"), Qt::Key_F11);
+            QVERIFY(panel->isVisible());
+            QCOMPARE(control<QSpinBox>(*form, "LeftFekvo")->value(), 655);
+            control<QSpinBox>(*form, "LeftFekvo")->setValue(600);
+            control<QSpinBox>(*form, "TopFekvo")->setValue(-12);
+            click(*form, "SaveNewMargins");
+            QCOMPARE(rovanel::RegReadInteger(*registry, "\\Software\\Rovanel\\RpData\\TopFekvo").value, 1012);
+            QTest::keyClick(control<QLineEdit>(*form, "NaploSzam"), Qt::Key_F11);
+            QVERIFY(!panel->isVisible());
+            QCOMPARE(messages().join("/"), QString());
+        }
+        // After a restart: the same format, mode and margins, and the print stands where they put it.
+        auto form = makeForm();
+        form->setRegistry(registry.get());
+        QVERIFY(control<QRadioButton>(*form, "RpFormat2")->isChecked());
+        QVERIFY(control<QRadioButton>(*form, "PrintModeGrp1")->isChecked());
+        QCOMPARE(control<QSpinBox>(*form, "TopFekvo")->value(), -12);
+        PdfPrints previewed(m_scratch->folder.path() / "elokep.pdf", PdfPrints::Way::Preview);
+        addMagistral(*form);
+        click(*form, "RpPrint");
+        QCOMPARE(previewed.count, 1);
+        QCOMPARE(previewed.orientation, QPageLayout::Landscape);
+        QVERIFY(messages().isEmpty());
+        QCOMPARE(previewed.at(38 + 600, 360 - 12), QString("Rp. Acidi borici 2,0"));  // RpTxt of the new form
+    }
+
+    void specialistRecommendationTakesTheDrugAndItsSupport()
+    {
+        const std::int32_t record = packageWithFeeKey();
+        QVERIFY(record >= 0);
+        const auto package = rovanel::packageData(m_demo.state.tables, kDemo, record);
+        auto form = makeForm();
+        QVERIFY(!control<QPushButton>(*form, "RpSzakJav")->isEnabled());  // nothing to open
+        Tszj recommendation(m_demo.state);
+        form->setRecommendationOpener([&recommendation](const rovanel::RecommendationHandover& handover) {
+            recommendation.show();
+            recommendation.fill(handover);
+        });
+        QVERIFY(form->openForPackage(record));
+        control<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
+        control<QLineEdit>(*form, "BetegNev")->setText("Kiss Éva");
+        click(*form, "RpSzakJav");
+        QVERIFY(recommendation.isVisible());
+        const rovanel::RecommendationGrids grids = recommendation.grids();
+        QCOMPARE(grids.bg[0][1], rovanel::utf8ToCp1250("Kiss Éva"));
+        const auto& line = grids.gg[1];
+        QCOMPARE(line[0], std::string("I10H0"));
+        QVERIFY2(line[1] != "a hatoanyag" && line[1] != rovanel::toBeFilledIn(), line[1].c_str());
+        QCOMPARE(line[5], package->designation.substr(0, 3));
+        QVERIFY(!line[6].empty() && package->designation.find(line[6]) == 5);
+        QVERIFY(messages().isEmpty());
+    }
+
+    void bnoTreeModeStepsFromHitToHitAndEndsSilently()
+    {
+        Shown<TBnoForm> form(ROVANEL_DEMO_DB);
+        QCOMPARE(form.windowTitle(), QString("Bno kereső"));
+        form.hide();
+        form.show();
+        QCOMPARE(form.treeLoads(), 1);  // once per run
+        QCOMPARE(linesOf(form, "BnoTree").size(), 22);
+        auto* next = control<QPushButton>(form, "BnoNext");
+        search(form, "nincs ilyen betegség");
+        QVERIFY2(selected(form).isEmpty(), "no hit selects nothing");
+        // Exact case: "COVID" is written so in the U chapter only; lower case finds it only when folded.
+        search(form, "covid-19");
+        QVERIFY(selected(form).isEmpty());
+        control<QCheckBox>(form, "aAChb")->setChecked(true);
+        click(form, "BnoKeres");
+        QVERIFY(next->isEnabled());
+        QStringList hits{selected(form)};
+        for (int i = 0; i < 50 && hits.size() == i + 1; ++i) {
+            click(next);
+            if (selected(form) != hits.last()) hits << selected(form);
+        }
+        QVERIFY(hits.size() > 1);
+        QVERIFY(hits.first().startsWith("U"));
+        click(next);  // after the last hit the selection stays where it was
+        QCOMPARE(selected(form), hits.last());
+        control<QLineEdit>(form, "BnoEdt")->setText("x");
+        QVERIFY(!next->isEnabled());
+    }
+
+    void bnoListModeListsEveryHitAndCopiesThem()
+    {
+        Shown<TBnoForm> form(ROVANEL_DEMO_DB);
+        control<QRadioButton>(form, "FabaListaba1")->setChecked(true);
+        search(form, "I10H0");
+        QVERIFY(!control<QPushButton>(form, "BnoNext")->isEnabled());
+        const QString hit = "I10H0 Magasvérnyomás-betegség (elsődleges)";
+        QCOMPARE(linesOf(form, "FoundBnoLst"), QStringList{hit});
+        form.FoundBnoLstDblClick(0);
+        QCOMPARE(selected(form), hit);
+        click(form, "CopyToClipboard");
+        QCOMPARE(QApplication::clipboard()->text(), hit + "\n");
+    }
+
+    void prescriptionValuesStandInTheirBoxes_data()
+    {
+        QTest::addColumn<int>("format");
+        QTest::addColumn<int>("left");
+        QTest::addColumn<int>("top");
+        QTest::newRow("old form, negative left") << 0 << -12 << 20;
+        QTest::newRow("new upright, default margins") << 1 << 160 << 8;
+        QTest::newRow("new sideways, default margins") << 2 << 655 << 8;
+    }
+
+    void prescriptionValuesStandInTheirBoxes()
+    {
+        QFETCH(int, format);
+        QFETCH(int, left);
+        QFETCH(int, top);
+        rovanel::RxPrintInput input;
+        input.patientName = rovanel::utf8ToCp1250("Kovács Dezső");
+        input.taj = "987654321";
+        input.bno = "J4500";
+        input.date = "20261123";
+        input.title = 8;
+        input.notSubstitutable = true;
+        input.drugName = "Algopyrin 500 mg";
+        input.serialNumber = "AB1234567";
+        rovanel::RxMargins margins{left, top, left, top, left, top};
+        const rovanel::PrintLayout layout =
+            rovanel::printedPrescription(static_cast<rovanel::RxFormat>(format), input, margins);
+        rovanel::testing::ScratchDirectory directory;
+        const auto file = directory.path() / "rx.pdf";
+        QVERIFY(!rovanel::forms::saveLayoutPdf(QString::fromStdString(file.string()), layout));
+        const auto words = rovanel::testing::pdfWords(file);
+        QVERIFY2(!words.empty(), "pdftotext (poppler-utils) is needed");
+        int checked = 0;
+        for (const rovanel::PrintItem& item : layout.pages[0].items) {
+            const std::string first(rovanel::itemLines(item.text)[0]);
+            if (first.empty()) continue;
+            const std::string found =
+                rovanel::testing::textAt(words, item.left * rovanel::kMillimetresPerLayoutUnit,
+                                         item.top * rovanel::kMillimetresPerLayoutUnit);
+            const std::string expected = rovanel::cp1250ToUtf8(first);
+            QVERIFY2(found.substr(0, expected.size()) == expected, (item.name + ": " + found).c_str());
+            ++checked;
+        }
+        QVERIFY(checked >= 8);
+    }
+
+    void previewPaintsTheLayoutSideways()
+    {
+        rovanel::PrintLayout layout;
+        layout.orientation = rovanel::PageOrientation::Sideways;
+        layout.pages.push_back({{{"a", 100, 100, rovanel::utf8ToCp1250("Előkép"), 10, false}}});
+        layout.pages.push_back({{{"b", 100, 100, rovanel::utf8ToCp1250("második"), 10, false}}});
+        rovanel::testing::ScratchDirectory directory;
+        PdfPrints previewed(directory.path() / "preview.pdf", PdfPrints::Way::Preview);
+        rovanel::forms::previewLayout(nullptr, layout);
+        QCOMPARE(previewed.orientation, QPageLayout::Landscape);
+        const auto words = previewed.words();
+        const double at = 100 * rovanel::kMillimetresPerLayoutUnit;
+        QCOMPARE(rovanel::testing::textAt(words, at, at, 1), std::string("Előkép"));
+        QCOMPARE(rovanel::testing::textAt(words, at, at, 2), std::string("második"));
+    }
+
+    void unwritablePdfIsRefusedWithTheReason()
+    {
+        rovanel::testing::ScratchDirectory directory;
+        directory.write("file", "");
+        const QString path = QString::fromStdString((directory.path() / "file" / "rx.pdf").string());
+        const auto refused = rovanel::forms::saveLayoutPdf(path, rovanel::PrintLayout{});
+        QVERIFY(refused);
+        QCOMPARE(*refused, QStringLiteral("A PDF fájl nem írható: ") + path);
+    }
+};
+
+QTEST_MAIN(TestPrescription)
+#include "tst_Prescription.moc"
