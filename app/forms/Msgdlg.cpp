@@ -49,6 +49,7 @@ TMsgDlg::TMsgDlg(rovanel::RegistryStore& registry, QWidget* parent) : QWidget(pa
     Label3 = label("Label3", "c");
     Label4 = label("Label4", "d");
     Label5 = label("Label5", "e");
+    Label5->setWordWrap(true);  // the closing text may run to 100 characters
     Button1 = new QPushButton(QString::fromUtf8("&Tovább"), panel);
     Button1->setObjectName("Button1");
     Button1->setMinimumSize(75, 25);

@@ -75,7 +75,7 @@ TSegedeszk::TSegedeszk(rovanel::SharedState& state, QWidget* parent)
     auto* asList = new QRadioButton(QStringLiteral("Listában felsorolva"), mode);
     asList->setObjectName("FabaListaba1");
     asList->setChecked(true);
-    auto* modeLayout = new QVBoxLayout(mode);
+    auto* modeLayout = new QHBoxLayout(mode);  // side by side: the window's least height fits 768 at 150 %
     modeLayout->addWidget(m_oneByOne);
     modeLayout->addWidget(asList);
 

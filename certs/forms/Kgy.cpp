@@ -36,9 +36,10 @@ TKgyForm::TKgyForm(rovanel::SharedState& state, QWidget* parent) : QWidget(paren
     rovanel::forms::rememberGeometry(this, QSize(720, 540));
     m_k = new QTextEdit(this);
     m_k->setObjectName("k");
-    m_k->setLineWrapMode(QTextEdit::NoWrap);
+    // Long lines (the headings, the declaration) wrap at the window's width: the whole certificate reads
+    // without scrolling sideways. Printing lays the document out anew for the page.
+    m_k->setLineWrapMode(QTextEdit::WidgetWidth);
     m_k->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    m_k->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     const auto button = [this](const char* name, const QString& caption, void (TKgyForm::*handler)()) {
         auto* pushButton = new QPushButton(caption, this);
         pushButton->setObjectName(name);

@@ -67,6 +67,9 @@ QVariant RefListModel::data(const QModelIndex& index, int role) const
     switch (role) {
         case Qt::DisplayRole:
             return rovanel::forms::fromCp1250(cell);
+        case Qt::ToolTipRole:  // the whole cell where its column cuts it with "…"
+            if (cell.empty()) return {};
+            return rovanel::forms::fromCp1250(cell);
         case Qt::DecorationRole: {
             const int c = index.column();
             if (c == rovanel::column::kNormativeCategory || c == rovanel::column::kIncreasedCategory ||

@@ -11,6 +11,7 @@
 #include <QTableView>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/UserPaths.h"
 #include "app/UserSettings.h"
@@ -48,6 +49,23 @@ rovanel::Message plainMessage(const char* utf8)
 }
 
 constexpr const char* kSelectRow = "Jelöljön ki egy készítményt az alsó listából";
+
+// The list's column header: a caption wider than its column ends in "…" within the room the style leaves
+// for the text (the header's own eliding measures the whole section and lets both ends be cut off).
+class ElidingHeader : public QHeaderView
+{
+public:
+    explicit ElidingHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const override
+    {
+        QHeaderView::initStyleOptionForIndex(option, logicalIndex);
+        const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, option, this);
+        const int room = sectionSize(logicalIndex) - 4 * margin;
+        option->text = option->fontMetrics.elidedText(option->text, Qt::ElideRight, std::max(room, 0));
+    }
+};
 
 }  // namespace
 
@@ -134,6 +152,7 @@ TRefForm::TRefForm(rovanel::SharedState& state, rovanel::RegistryStore& registry
     m_model = new RefListModel(m_list, this);
     RefLst = new QTableView(this);
     RefLst->setObjectName("RefLst");
+    RefLst->setHorizontalHeader(new ElidingHeader(RefLst));
     RefLst->setModel(m_model);
     RefLst->setSelectionBehavior(QAbstractItemView::SelectRows);
     RefLst->setSelectionMode(QAbstractItemView::SingleSelection);

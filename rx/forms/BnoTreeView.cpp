@@ -23,7 +23,9 @@ void fillBnoTree(QTreeWidget* tree, const std::vector<TreeNode>& nodes)
     QList<QTreeWidgetItem*> topLevel;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         const auto depth = static_cast<std::size_t>(nodes[i].depth);
-        auto* item = new QTreeWidgetItem(QStringList(fromCp1250(nodes[i].text)));
+        const QString text = fromCp1250(nodes[i].text);
+        auto* item = new QTreeWidgetItem(QStringList(text));
+        item->setToolTip(0, text);  // the whole line where the tree's width cuts it with "…"
         item->setData(0, kIndexRole, static_cast<int>(i));
         if (depth == 0 || parents.size() < depth) {  // parseTreeText never deepens by more than one
             topLevel.append(item);

@@ -14,6 +14,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTextEdit>
 #include <QTreeWidget>
@@ -103,7 +105,7 @@ TRp::TRp(rovanel::SharedState& state, std::filesystem::path dataDirectory, QWidg
     setWindowTitle(QString::fromUtf8("Recept"));
     setHelpContext(this, 600);
     buildControls();
-    rovanel::forms::rememberGeometry(this, QSize(1000, 700));
+    rovanel::forms::rememberGeometry(this, QSize(1300, 700));
 }
 
 void TRp::buildControls()
@@ -126,17 +128,14 @@ void TRp::buildControls()
     FelirDat = edit("FelirDat", patient);
     FelirDat->setInputMask("99999999");
     EuRendEdt = edit("EuRendEdt", patient);
-    auto* birth = new QHBoxLayout;
-    birth->addWidget(BetegSzulDat);
-    birth->addWidget(new QLabel(QString::fromUtf8("Életkor"), patient));
-    birth->addWidget(BetegKora);
     auto* bno = new QHBoxLayout;
     bno->addWidget(BetegBNO);
     bno->addWidget(BnoKodok);
     patientForm->addRow(QString::fromUtf8("Név:"), BetegNev);
     patientForm->addRow(QString::fromUtf8("Irsz, helység:"), BetegCim1);
     patientForm->addRow(QString::fromUtf8("Utca, Hsz:"), BetegCim2);
-    patientForm->addRow(QString::fromUtf8("Szül. dat.:"), birth);
+    patientForm->addRow(QString::fromUtf8("Szül. dat.:"), BetegSzulDat);
+    patientForm->addRow(QString::fromUtf8("Életkor"), BetegKora);
     patientForm->addRow(QString::fromUtf8("Beteg ENY:"), BetegENY);
     patientForm->addRow(QString::fromUtf8("Beteg EU:"), BetegEU);
     patientForm->addRow(QString::fromUtf8("Beteg TAJ:"), BetegTAJ);
@@ -193,6 +192,7 @@ void TRp::buildControls()
     NemHelyett = new QCheckBox(QString::fromUtf8("Nem helyettesíthető"), RpPanel);
     NemHelyett->setObjectName("NemHelyett");
     auto* specialist = new QGroupBox(QString::fromUtf8("Szakorvosi javaslat adatai"), RpPanel);
+    specialist->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     auto* specialistRow = new QFormLayout(specialist);
     SzoAzon = edit("SzoAzon", specialist);
     NaploSzam = edit("NaploSzam", specialist);
@@ -211,22 +211,24 @@ void TRp::buildControls()
     quantity->addWidget(Mennyiseg);
     quantity->addWidget(new QLabel(QString::fromUtf8("azaz:"), RpPanel));
     quantity->addWidget(MennyisegLatinul, 2);
-    auto* dosage = new QHBoxLayout;
-    dosage->addWidget(RpDsList, 1);
-    dosage->addWidget(DsAd);
-    dosage->addWidget(DsTorol);
+    auto* dosageButtons = new QHBoxLayout;
+    dosageButtons->addWidget(DsAd);
+    dosageButtons->addWidget(DsTorol);
+    dosageButtons->addStretch();
     auto* marks = new QHBoxLayout;
     marks->addWidget(Masolat);
     marks->addWidget(NemHelyett);
     marks->addStretch();
     drug->addRow(QString::fromUtf8("Készítmény:"), GyogyszerNev);
     drug->addRow(QString::fromUtf8("Mennyiség:"), quantity);
-    drug->addRow(QString::fromUtf8("D.S.:"), dosage);
+    drug->addRow(QString::fromUtf8("D.S.:"), RpDsList);
+    drug->addRow(dosageButtons);
     drug->addRow(QString(), GyogyszerDs);
     drug->addRow(QString(), marks);
     drug->addRow(specialist);
     auto* extraLabel = new QLabel(QString::fromUtf8("Recepten megjelenítendő további  szöveg:"), RpPanel);
     extraLabel->setObjectName("RpEgyebTxt");
+    extraLabel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);  // the text box follows at once
     drug->addRow(extraLabel);
     drug->addRow(RpE);
 
@@ -239,6 +241,7 @@ void TRp::buildControls()
     MsgLabel = new QLabel(QString::fromUtf8("A rendelet szövege a jobb egérgomb lenyomásával megjeleníthető"),
                           BnoPanel);
     MsgLabel->setObjectName("MsgLabel");
+    MsgLabel->setWordWrap(true);
     BnoTree = new QTreeWidget(BnoPanel);
     BnoTree->setObjectName("BnoTree");
     BnoTree->setHeaderHidden(true);
@@ -247,12 +250,15 @@ void TRp::buildControls()
     BnoKeres = button("BnoKeres", "&Keres", BnoPanel);
     BnoNext = button("BnoNext", "Kö&vetkezőt", BnoPanel);
     BnoCollapse = button("BnoCollapse", "Fát összecsu&k", BnoPanel);
-    auto* treeSearch = new QHBoxLayout;
-    treeSearch->addWidget(new QLabel(QString::fromUtf8("Keresendő:"), BnoPanel));
-    treeSearch->addWidget(BnoEdt, 1);
-    treeSearch->addWidget(BnoKeres);
-    treeSearch->addWidget(BnoNext);
-    treeSearch->addWidget(BnoCollapse);
+    auto* treeSearch = new QGridLayout;
+    treeSearch->addWidget(new QLabel(QString::fromUtf8("Keresendő:"), BnoPanel), 0, 0);
+    treeSearch->addWidget(BnoEdt, 0, 1);
+    auto* treeButtons = new QHBoxLayout;
+    treeButtons->addWidget(BnoKeres);
+    treeButtons->addWidget(BnoNext);
+    treeButtons->addWidget(BnoCollapse);
+    treeButtons->addStretch();
+    treeSearch->addLayout(treeButtons, 1, 1);
     // The code list filters as one types (letter case and accents folded); the list itself is unchanged.
     auto* filter = edit("BnoEuSzuro", BnoPanel);
     filter->setPlaceholderText(QString::fromUtf8("Szűrés a listában"));
@@ -282,6 +288,7 @@ void TRp::buildControls()
     right->addWidget(new QLabel(QString::fromUtf8("Állandó gyógyszerek:"), this));
     right->addWidget(GyChLst, 1);
     right->addWidget(RpPreview, 2);
+    right->addWidget(KiszertipGrp);
     const auto radioGroup = [this](const char* name, const char* caption,
                                    std::initializer_list<const char*> items,
                                    std::vector<QRadioButton*>& radios, void (TRp::*click)(int)) {
@@ -321,35 +328,45 @@ void TRp::buildControls()
         return spin;
     };
     LeftAlloRegi = margin("LeftAlloRegi", "Régi álló Bal", 0, 0);
-    TopAlloRegi = margin("TopAlloRegi", "Régi álló Felső", 0, 1);
-    LeftAllo = margin("LeftAllo", "Új álló Bal", 1, 0);
-    TopAllo = margin("TopAllo", "Új álló Felső", 1, 1);
-    LeftFekvo = margin("LeftFekvo", "Új fekvő Bal", 2, 0);
-    TopFekvo = margin("TopFekvo", "Új fekvő Felső", 2, 1);
+    TopAlloRegi = margin("TopAlloRegi", "Régi álló Felső", 1, 0);
+    LeftAllo = margin("LeftAllo", "Új álló Bal", 2, 0);
+    TopAllo = margin("TopAllo", "Új álló Felső", 3, 0);
+    LeftFekvo = margin("LeftFekvo", "Új fekvő Bal", 4, 0);
+    TopFekvo = margin("TopFekvo", "Új fekvő Felső", 5, 0);
     SaveNewMargins = button("SaveNewMargins", "Ment", RpMarginPanel);
-    margins->addWidget(SaveNewMargins, 3, 3);
+    margins->addWidget(SaveNewMargins, 6, 1);
     RpMarginPanel->hide();
     showMargins();
     right->addWidget(RpMarginPanel);
-    auto* actions = new QHBoxLayout;
-    actions->addWidget(RpSaveOnly);
-    actions->addWidget(RpPrint);
-    actions->addWidget(RpPdf);
+    auto* actions = new QGridLayout;
+    actions->addWidget(RpSaveOnly, 0, 0);
+    actions->addWidget(RpPdf, 0, 1);
+    actions->addWidget(RpPrint, 1, 0, 1, 2);
     right->addLayout(actions);
 
     auto* left = new QVBoxLayout;
     left->addWidget(patient);
-    auto* groups = new QHBoxLayout;
-    groups->addWidget(JogcimGrp);
-    groups->addWidget(KiszertipGrp);
-    left->addLayout(groups);
+    left->addWidget(JogcimGrp, 1);
     auto* middle = new QVBoxLayout;
     middle->addWidget(RpPanel, 1);
     middle->addWidget(BnoPanel, 1);
-    auto* layout = new QHBoxLayout(this);
+    // Three columns of about 250 points each: the whole width fits a 1366 × 768 screen at 150 %.
+    // Where the screen is lower than the columns, the window scrolls up and down, never sideways.
+    auto* columns = new QWidget;
+    auto* layout = new QHBoxLayout(columns);
+    layout->setContentsMargins(6, 6, 6, 6);
     layout->addLayout(left, 3);
     layout->addLayout(middle, 3);
     layout->addLayout(right, 2);
+    auto* scroll = new QScrollArea(this);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(columns);
+    m_scroll = scroll;
+    fitScrollWidth();
+    auto* outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(scroll);
 
     // Every edit refreshes the preview; some do more.
     for (QLineEdit* line :
@@ -357,6 +374,11 @@ void TRp::buildControls()
           MennyisegLatinul, GyogyszerNev, SzoAzon, NaploSzam, SzoJavDatum})
         connect(line, &QLineEdit::textChanged, this, &TRp::refreshPreview);
     connect(BetegSzulDat, &QLineEdit::textChanged, this, &TRp::BetegSzulDatChange);
+    // A drug name longer than its field shows from its start, and whole in the tooltip.
+    connect(GyogyszerNev, &QLineEdit::textChanged, this, [this](const QString& name) {
+        GyogyszerNev->setToolTip(name);
+        if (!GyogyszerNev->hasFocus()) GyogyszerNev->setCursorPosition(0);
+    });
     connect(FelirDat, &QLineEdit::textChanged, this, &TRp::BetegSzulDatChange);
     connect(Mennyiseg, &QLineEdit::textChanged, this, &TRp::MennyisegChange);
     connect(GyogyszerDs, &QPlainTextEdit::textChanged, this, &TRp::refreshPreview);
@@ -387,6 +409,7 @@ void TRp::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     FormShow();
+    fitScrollWidth();
 }
 
 bool TRp::eventFilter(QObject* watched, QEvent* event)
@@ -394,6 +417,7 @@ bool TRp::eventFilter(QObject* watched, QEvent* event)
     if (watched == NaploSzam && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_F11) {
         RpMarginPanel->setVisible(!RpMarginPanel->isVisible());
+        fitScrollWidth();
         return true;
     }
     return QWidget::eventFilter(watched, event);
@@ -583,6 +607,13 @@ void TRp::showBnoBrowser(bool shown)
 {
     BnoPanel->setVisible(shown);
     RpPanel->setVisible(!shown);
+    fitScrollWidth();
+}
+
+void TRp::fitScrollWidth()
+{
+    m_scroll->setMinimumWidth(m_scroll->widget()->minimumSizeHint().width() +
+                              m_scroll->verticalScrollBar()->sizeHint().width());
 }
 
 void TRp::loadBnoTree()

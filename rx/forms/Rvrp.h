@@ -28,6 +28,7 @@ class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
 class QRadioButton;
+class QScrollArea;
 class QSpinBox;
 class QTextEdit;
 class QTreeWidget;
@@ -126,6 +127,8 @@ private:
     void loadBnoTree();
     [[nodiscard]] bool checkAndSave();
     void showMargins();
+    // Keeps the window at least as wide as its columns need, so that only the height ever scrolls.
+    void fitScrollWidth();
 
     rovanel::SharedState& m_state;
     std::filesystem::path m_dataDirectory;
@@ -191,6 +194,7 @@ private:
     QSpinBox* LeftFekvo = nullptr;
     QSpinBox* TopFekvo = nullptr;
     QPushButton* SaveNewMargins = nullptr;
+    QScrollArea* m_scroll = nullptr;
     QWidget* RpPanel = nullptr;
     QWidget* BnoPanel = nullptr;
     QListWidget* BnoEuLst = nullptr;
