@@ -68,7 +68,7 @@ private:
 
 TEST(InstanceClaim, FindsTheWindowWhoseCaptionIsTheMainWindows)
 {
-    ASSERT_EQ(findRunningMainWindow(), nullptr);
+    if (findRunningMainWindow()) GTEST_SKIP() << "a Rovanel main window is open on this desktop";
     const TestWindow other(L"Rovanel 1.0");
     ASSERT_NE(other.handle(), nullptr);
     EXPECT_EQ(findRunningMainWindow(), nullptr) << "a caption without the closing date";
