@@ -2,7 +2,11 @@
 // writes a database from the
 // public NEAK tables, checks it, and prints the counts and warnings. Exit 1 when an input is missing or
 // malformed, or the check finds the output inconsistent; 2 on a usage error.
+#if defined(_WIN32)
+#include <io.h>
+#else
 #include <unistd.h>
+#endif
 
 #include <cstdio>
 #include <string>
@@ -39,7 +43,11 @@ int runImportNeak(const Invocation& call)
     }
     if (directories.size() != 2) return call.usageError();
 
-    const bool terminal = isatty(fileno(stderr)) != 0;
+#if defined(_WIN32)
+    const bool terminal = ::_isatty(::_fileno(stderr)) != 0;
+#else
+    const bool terminal = ::isatty(::fileno(stderr)) != 0;
+#endif
     std::string error;
     const auto report =
         importNeak(directories[0], directories[1], options, &error, [&](std::string_view stage) {

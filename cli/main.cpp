@@ -1,7 +1,9 @@
-// rvcli: Rovanel's core from the command line. One subcommand per file; output is UTF-8.
+// rvcli: Rovanel's core from the command line. One subcommand per file; output is UTF-8 (a Windows console
+// gets the same text through WriteConsoleW, app/ConsoleOutput.h).
 // Exit codes: 0 done, 1 not found, refused or inconsistent, 2 usage error or unreadable input.
 #include <algorithm>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,6 +15,8 @@
 #include <windows.h>
 // shellapi.h needs windows.h first.
 #include <shellapi.h>
+
+#include "app/ConsoleOutput.h"
 
 namespace
 {
@@ -46,6 +50,8 @@ int main(int argc, char** argv)
     (void)argc;
     (void)argv;
     std::vector<std::string> args = windowsArguments();
+    // Until main returns; a pipe or a file still gets the bytes as they are.
+    const std::unique_ptr<rovanel::Utf16Redirect> console = rovanel::redirectConsoleOutput();
 #else
     std::vector<std::string> args(argv + 1, argv + argc);
 #endif

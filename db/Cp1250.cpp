@@ -37,6 +37,42 @@ void appendUtf8(std::string& out, char32_t codePoint)
     }
 }
 
+constexpr char16_t kReplacement = 0xFFFD;
+
+// One UTF-8 character: its code point and byte count. A malformed byte counts 1 and is not valid; a
+// character cut off by the end of the text counts 0.
+struct Utf8Character {
+    char32_t codePoint = 0;
+    std::size_t length = 1;
+    bool valid = true;
+};
+
+Utf8Character decodeUtf8(std::string_view text, std::size_t at)
+{
+    const auto lead = static_cast<unsigned char>(text[at]);
+    Utf8Character c;
+    if (lead < 0x80) {
+        c.codePoint = lead;
+        return c;
+    }
+    if ((lead & 0xE0) == 0xC0) {
+        c = {static_cast<char32_t>(lead & 0x1Fu), 2, true};
+    } else if ((lead & 0xF0) == 0xE0) {
+        c = {static_cast<char32_t>(lead & 0x0Fu), 3, true};
+    } else if ((lead & 0xF8) == 0xF0) {
+        c = {static_cast<char32_t>(lead & 0x07u), 4, true};
+    } else {
+        return {0, 1, false};
+    }
+    if (at + c.length > text.size()) return {0, 0, false};
+    for (std::size_t k = 1; k < c.length; ++k) {
+        const auto next = static_cast<unsigned char>(text[at + k]);
+        if ((next & 0xC0) != 0x80) return {0, 1, false};
+        c.codePoint = (c.codePoint << 6) | (next & 0x3Fu);
+    }
+    return c;
+}
+
 const std::unordered_map<char32_t, char>& reverseTable()
 {
     static const std::unordered_map<char32_t, char> table = [] {
@@ -73,46 +109,59 @@ std::string utf8ToCp1250(std::string_view text)
     const auto& table = reverseTable();
     std::size_t i = 0;
     while (i < text.size()) {
-        const auto lead = static_cast<unsigned char>(text[i]);
-        char32_t codePoint = 0;
-        std::size_t length = 1;
-        if (lead < 0x80) {
-            codePoint = lead;
-        } else if ((lead & 0xE0) == 0xC0) {
-            codePoint = lead & 0x1F;
-            length = 2;
-        } else if ((lead & 0xF0) == 0xE0) {
-            codePoint = lead & 0x0F;
-            length = 3;
-        } else if ((lead & 0xF8) == 0xF0) {
-            codePoint = lead & 0x07;
-            length = 4;
-        } else {
-            out.push_back('?');
-            ++i;
-            continue;
-        }
-        if (i + length > text.size()) {
+        const Utf8Character c = decodeUtf8(text, i);
+        if (c.length == 0) {
             out.push_back('?');
             break;
         }
-        bool valid = true;
-        for (std::size_t k = 1; k < length; ++k) {
-            const auto next = static_cast<unsigned char>(text[i + k]);
-            if ((next & 0xC0) != 0x80) valid = false;
-            codePoint = (codePoint << 6) | (next & 0x3F);
-        }
-        i += valid ? length : 1;
-        if (!valid) {
+        i += c.length;
+        if (!c.valid) {
             out.push_back('?');
-        } else if (codePoint < 0x80) {
-            out.push_back(static_cast<char>(codePoint));
+        } else if (c.codePoint < 0x80) {
+            out.push_back(static_cast<char>(c.codePoint));
         } else {
-            const auto found = table.find(codePoint);
+            const auto found = table.find(c.codePoint);
             out.push_back(found != table.end() ? found->second : '?');
         }
     }
     return out;
+}
+
+std::u16string utf8ToUtf16(std::string_view text)
+{
+    std::u16string out;
+    out.reserve(text.size());
+    std::size_t i = 0;
+    while (i < text.size()) {
+        const Utf8Character c = decodeUtf8(text, i);
+        if (c.length == 0) {
+            out.push_back(kReplacement);
+            break;
+        }
+        i += c.length;
+        if (!c.valid || c.codePoint > 0x10FFFF || (c.codePoint >= 0xD800 && c.codePoint <= 0xDFFF)) {
+            out.push_back(kReplacement);
+        } else if (c.codePoint >= 0x10000) {
+            const char32_t above = c.codePoint - 0x10000;
+            out.push_back(static_cast<char16_t>(0xD800 + (above >> 10)));
+            out.push_back(static_cast<char16_t>(0xDC00 + (above & 0x3FF)));
+        } else {
+            out.push_back(static_cast<char16_t>(c.codePoint));
+        }
+    }
+    return out;
+}
+
+std::size_t completeUtf8Length(std::string_view text)
+{
+    // The last lead byte is at most three continuation bytes from the end.
+    std::size_t start = text.size();
+    for (int back = 0; back < 4 && start > 0; ++back) {
+        --start;
+        if ((static_cast<unsigned char>(text[start]) & 0xC0) != 0x80)
+            return decodeUtf8(text, start).length == 0 ? start : text.size();
+    }
+    return text.size();
 }
 
 }  // namespace rovanel

@@ -6,11 +6,10 @@
 #include <QLocalSocket>
 #include <QWidget>
 
+#include "app/InstanceClaim.h"
 #include "app/UserPaths.h"
 
-#if defined(_WIN32)
-#include <windows.h>
-#else
+#if !defined(_WIN32)
 #include <unistd.h>
 #endif
 
@@ -21,35 +20,7 @@ namespace
 constexpr char kRaiseRequest[] = "raise\n";
 constexpr char kRaisedAnswer[] = "raised\n";
 
-#if defined(_WIN32)
-bool isMainWindowCaption(const QString& caption)
-{
-    return caption.contains(QLatin1String("Rovanel")) && caption.contains(QString::fromUtf8("Lezárva"));
-}
-
-struct Search {
-    HWND found = nullptr;
-};
-
-BOOL CALLBACK visitWindow(HWND window, LPARAM parameter)
-{
-    if (!window) return FALSE;
-    DWORD process = 0;
-    if (GetWindowThreadProcessId(window, &process) == 0) return FALSE;
-    wchar_t caption[250] = {};
-    GetWindowTextW(window, caption, 250);
-    if (isMainWindowCaption(QString::fromWCharArray(caption)))
-        reinterpret_cast<Search*>(parameter)->found = window;  // the last matching window wins
-    return TRUE;
-}
-
-void raiseRunningMainWindow()
-{
-    Search search;
-    EnumWindows(visitWindow, reinterpret_cast<LPARAM>(&search));
-    if (search.found) SetForegroundWindow(search.found);
-}
-#else
+#if !defined(_WIN32)
 // Asks the program holding the name to come to the front; false when nobody answers on it.
 bool askToRaise(const QString& name)
 {
@@ -85,9 +56,9 @@ std::unique_ptr<SingleInstance> SingleInstance::claim()
     std::unique_ptr<SingleInstance> instance(new SingleInstance);
     const QString name = singleInstanceServerName();
 #if defined(_WIN32)
-    instance->m_mutex = CreateMutexW(nullptr, TRUE, reinterpret_cast<LPCWSTR>(name.utf16()));
-    if (instance->m_mutex && GetLastError() == ERROR_ALREADY_EXISTS) {
-        raiseRunningMainWindow();
+    instance->m_claim = rovanel::InstanceClaim::claim(name.toStdU16String());
+    if (!instance->m_claim) {
+        rovanel::raiseRunningMainWindow();
         return nullptr;
     }
 #else
@@ -103,12 +74,7 @@ std::unique_ptr<SingleInstance> SingleInstance::claim()
     return instance;
 }
 
-SingleInstance::~SingleInstance()
-{
-#if defined(_WIN32)
-    if (m_mutex) CloseHandle(m_mutex);
-#endif
-}
+SingleInstance::~SingleInstance() = default;
 
 void SingleInstance::answer()
 {

@@ -3,7 +3,7 @@
 // while the first one still shows a start-up box, brings the running program to the front and ends
 // with exit code 0 without creating any window (docs/decisions/single-instance.md).
 // Windows: a per-user named mutex is the claim; the running main window is found by its caption
-// ("Rovanel" and "Lezárva") and brought to the foreground.
+// ("Rovanel" and "Lezárva") and brought to the foreground (both in the core, app/InstanceClaim.h).
 // Elsewhere: a local socket named per user (and per settings folder) is the claim; the running program
 // answers on it by raising its main window, or the message box it is showing.
 #pragma once
@@ -15,6 +15,10 @@
 
 class QLocalServer;
 class QWidget;
+namespace rovanel
+{
+class InstanceClaim;
+}
 
 // The local socket name of the current user (not used on Windows).
 [[nodiscard]] QString singleInstanceServerName();
@@ -38,6 +42,6 @@ private:
     QPointer<QWidget> m_window;
     QLocalServer* m_server = nullptr;
 #if defined(_WIN32)
-    void* m_mutex = nullptr;
+    std::unique_ptr<rovanel::InstanceClaim> m_claim;
 #endif
 };
