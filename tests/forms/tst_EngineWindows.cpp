@@ -72,7 +72,9 @@ private slots:
         auto* taken = control<QListWidget>(form, "KhSzedettGyList");
         QCOMPARE(taken->count(), 1);
         QVERIFY(form.messages.texts().isEmpty());
-        // The line's tooltip shows the whole name (a long one is cut in the line).
+        // A long name is cut with "…" in its line and shown whole in the line's tooltip.
+        QCOMPARE(taken->textElideMode(), Qt::ElideRight);
+        QCOMPARE(taken->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
         QCOMPARE(taken->item(0)->toolTip(), taken->item(0)->text());
         for (int i = 1; i < 21; ++i) addDrug(form, i);
         QCOMPARE(taken->count(), 20);
