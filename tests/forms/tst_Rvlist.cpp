@@ -233,6 +233,7 @@ private slots:
         QTest::addColumn<QString>("heading");
         QTest::newRow("JumpJav") << "JumpJav"
                                  << "Javallatok:";
+        // The avoid heading is found by its beginning, which stops before the "ő".
         QTest::newRow("JumpTil") << "JumpTil"
                                  << "Együttadása kerülendő:";
     }
