@@ -72,8 +72,7 @@ TEST_F(DescriptionBuilder, EmptySectionsLeaveTheirHeadingsOut)
     const std::string gamma = describe(2);
     EXPECT_EQ(gamma.find("Ár és támogatás:"), std::string::npos);
     EXPECT_NE(gamma.find("\nJavallatok:\nMagas vérnyomás.\n"), std::string::npos);
-    // A product without own codes has neither the "ATC" nor the "Hatóanyag:" heading.
-    // Nothing but markers: the title alone.
+    // Nothing but markers (no own codes either, so neither "ATC" nor "Hatóanyag:"): the title alone.
     EXPECT_EQ(describe(5), "Készítmény: EGYEB KOTSZER\n");
 }
 

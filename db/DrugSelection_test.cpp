@@ -16,12 +16,21 @@ const Message kTwentyContraindications{utf8ToCp1250("Legföljebb 20 ellenjavalla
 const Message kSelectLine{utf8ToCp1250("Jelölje ki a listáról törlendő gyógyszert!"),
                           utf8ToCp1250("Kölcsönhatás vizsgálat"), MessageIcon::None, true};
 
-TEST(DrugSelection, TwentyDrugsAreTakenAndThe21stIsRefused)
+TEST(DrugSelection, TwentyDrugsAreTakenTheSameOneTwiceChangesNothingAndThe21stIsRefused)
 {
     DrugSelection selection;
     selection.resetForInteractionWindow();
-    for (int record = 0; record < 20; ++record)
+    (void)selection.addDrug(100);
+    selection.KhResultValid = 1;
+    for (const int unchanged : {100, -1}) {  // the same drug again, and nothing chosen
+        const SelectionChange change = selection.addDrug(unchanged);
+        EXPECT_EQ(change.outcome, SelectionOutcome::Unchanged);
+        EXPECT_FALSE(change.message);
+    }
+    EXPECT_EQ(selection.KhResultValid, 1) << "an unchanged list keeps the report";
+    for (int record = 1; record < 20; ++record)
         EXPECT_EQ(selection.addDrug(100 + record).outcome, SelectionOutcome::Changed);
+    EXPECT_EQ(selection.KhResultValid, 0);
     const SelectionChange refused = selection.addDrug(500);
     EXPECT_EQ(refused.outcome, SelectionOutcome::Refused);
     EXPECT_EQ(refused.message, kTwentyDrugs);
@@ -30,34 +39,7 @@ TEST(DrugSelection, TwentyDrugsAreTakenAndThe21stIsRefused)
     EXPECT_EQ(selection.SzedettGy[20], -1);
 }
 
-TEST(DrugSelection, SameDrugTwiceOrNothingChosenChangesNothingSilently)
-{
-    DrugSelection selection;
-    selection.resetForInteractionWindow();
-    (void)selection.addDrug(7);
-    selection.KhResultValid = 1;
-    EXPECT_EQ(selection.addDrug(7).outcome, SelectionOutcome::Unchanged);
-    EXPECT_EQ(selection.addDrug(-1).outcome, SelectionOutcome::Unchanged);
-    EXPECT_FALSE(selection.addDrug(7).message);
-    EXPECT_EQ(selection.SzedettGyCount, 1);
-    EXPECT_EQ(selection.KhResultValid, 1);
-    EXPECT_EQ(selection.addDrug(8).outcome, SelectionOutcome::Changed);
-    EXPECT_EQ(selection.KhResultValid, 0);
-}
-
-TEST(DrugSelection, NineteenContraindicationsAndThe20thIsRefusedWithAMessageThatSays20)
-{
-    DrugSelection selection;
-    selection.clearContraindications();
-    for (int node = 1; node <= 19; ++node)
-        EXPECT_EQ(selection.addContraindication(node).outcome, SelectionOutcome::Changed);
-    const SelectionChange refused = selection.addContraindication(40);
-    EXPECT_EQ(refused.outcome, SelectionOutcome::Refused);
-    EXPECT_EQ(refused.message, kTwentyContraindications);
-    EXPECT_EQ(selection.EllSelCount, 19);
-}
-
-TEST(DrugSelection, TreeNodeZeroCannotBeAddedBeforeTheFirstClear)
+TEST(DrugSelection, NodeZeroOnlyAfterTheFirstClearAndThe20thContraindicationIsRefusedSaying20)
 {
     DrugSelection selection;
     EXPECT_EQ(selection.addContraindication(0).outcome, SelectionOutcome::Unchanged);
@@ -65,9 +47,13 @@ TEST(DrugSelection, TreeNodeZeroCannotBeAddedBeforeTheFirstClear)
     // Slot 1, past the end, still holds 0.
     EXPECT_EQ(selection.addContraindication(0).outcome, SelectionOutcome::Unchanged);
     selection.clearContraindications();
-    EXPECT_EQ(selection.addContraindication(0).outcome, SelectionOutcome::Changed);
-    EXPECT_EQ(selection.EllSel[0], 0);
-    EXPECT_EQ(selection.EllSel[1], -1);
+    for (int node = 0; node < 19; ++node)
+        EXPECT_EQ(selection.addContraindication(node).outcome, SelectionOutcome::Changed);
+    EXPECT_EQ(selection.EllSel[19], -1);
+    const SelectionChange refused = selection.addContraindication(40);
+    EXPECT_EQ(refused.outcome, SelectionOutcome::Refused);
+    EXPECT_EQ(refused.message, kTwentyContraindications);
+    EXPECT_EQ(selection.EllSelCount, 19);
 }
 
 TEST(DrugSelection, DeletingMovesTheFollowingSlotsDownWithTheEndMarker)

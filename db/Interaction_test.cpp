@@ -316,49 +316,44 @@ TEST(KhRunGroup, DrugsTakenExcludeAndFlagAndContraindicationsExclude)
     EXPECT_EQ(result.found, (std::vector<FoundDrug>{{4, 0}, {3, 0}, {2, 0}, {1, 0}, {0, 1}}));
 }
 
-TEST(KhRunGroup, StopsWhenTheTableReaches600)
+// The listing ends at 600 products and at a careful line longer than 12 characters (11 are allowed
+// here); a node outside the directory lists nothing.
+TEST(KhRunGroup, StopsAt600AndAtALongCarefulLineAndListsNothingForANodeOutsideTheDirectory)
 {
-    for (const int size : {599, 600, 601}) {
-        SCOPED_TRACE(size);
-        Fixture fixture(groupDatabase(size));
-        const KhRunResult result = fixture.run({}, KhMode::AtcGroup, 0);
-        EXPECT_EQ(result.found.size(), std::min(size, 600));
-        EXPECT_EQ(result.listLines.size(), result.found.size());
-        if (size < 600) {
-            EXPECT_TRUE(result.completed);
-            EXPECT_TRUE(result.messages.empty());
-        } else {
-            EXPECT_FALSE(result.completed);
-            ASSERT_EQ(result.messages.size(), 1u);
-            EXPECT_EQ(result.messages[0],
-                      (Message{cp("A csoportba 600-nál több gyógyszer tartozik, csak az első 600 látszik!"),
-                               cp("Kölcsönhatás - ATC"), MessageIcon::Information, false}));
+    const Message tooMany{cp("A csoportba 600-nál több gyógyszer tartozik, csak az első 600 látszik!"),
+                          cp("Kölcsönhatás - ATC"), MessageIcon::Information, false};
+    const Message badCode{cp("Hibás kód a gyógyszer leírásában: a kódsor 10 karakternél hosszabb."),
+                          cp("Hibás adatbázis"), MessageIcon::Information, false};
+    struct Case {
+        const char* what;
+        int groupSize;
+        std::int64_t node;
+        std::vector<std::string> careful;  // of records 1 and 2
+        std::size_t listed;
+        std::optional<Message> message;
+    };
+    const Case cases[] = {
+        {"599 products", 599, 0, {}, 599, std::nullopt},
+        {"600 products", 600, 0, {}, 600, tooMany},
+        {"601 products", 601, 0, {}, 600, tooMany},
+        {"careful lines of 11 characters", 3, 1, {"N05BA-01XYZ", "N05BA-01XYZ"}, 3, std::nullopt},
+        {"a careful line of 13 characters", 3, 1, {"N05BA-01XYZ", "N05BA-01XYZW1"}, 0, badCode},
+        {"node -1", 3, -1, {}, 0, std::nullopt},
+        {"node past the directory", 3, 3, {}, 0, std::nullopt},
+        {"node far past the directory", 3, 1'000'000, {}, 0, std::nullopt},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        EngineDatabase database = groupDatabase(c.groupSize);
+        for (std::size_t i = 0; i < c.careful.size(); ++i) database.products[i + 1].careful = {c.careful[i]};
+        Fixture fixture(database);
+        const KhRunResult result = fixture.run({}, KhMode::AtcGroup, c.node);
+        EXPECT_EQ(result.completed, !c.message);
+        EXPECT_EQ(result.listLines.size(), c.listed);
+        if (c.message != badCode) {
+            EXPECT_EQ(result.found.size(), c.listed) << "the table in step with the lines";
         }
-    }
-}
-
-TEST(KhRunGroup, CarefulLineLongerThan12StopsWithEntry70)
-{
-    EngineDatabase database = groupDatabase(3);
-    database.products[1].careful = {"N05BA-01XYZ"};    // 11: allowed here
-    database.products[2].careful = {"N05BA-01XYZW1"};  // 13: stops
-    Fixture fixture(database);
-    const KhRunResult result = fixture.run({}, KhMode::AtcGroup, 1);
-    EXPECT_FALSE(result.completed);
-    ASSERT_EQ(result.messages.size(), 1u);
-    EXPECT_EQ(result.messages[0],
-              (Message{cp("Hibás kód a gyógyszer leírásában: a kódsor 10 karakternél hosszabb."),
-                       cp("Hibás adatbázis"), MessageIcon::Information, false}));
-    EXPECT_TRUE(result.listLines.empty());
-}
-
-TEST(KhRunGroup, NodeOutsideTheDirectoryListsNothing)
-{
-    Fixture fixture(groupDatabase(3));
-    for (const std::int64_t node : {std::int64_t{-1}, std::int64_t{3}, std::int64_t{1'000'000}}) {
-        const KhRunResult result = fixture.run({}, KhMode::AtcGroup, node);
-        EXPECT_TRUE(result.completed);
-        EXPECT_TRUE(result.listLines.empty());
+        EXPECT_EQ(result.messages, c.message ? std::vector<Message>{*c.message} : std::vector<Message>{});
     }
 }
 
