@@ -289,7 +289,7 @@ private slots:
         QVERIFY(messages().isEmpty());
     }
 
-    void bnoTreeModeStepsFromHitToHitAndEndsSilently()
+    void bnoSearchStepsFromHitToHitOrListsEveryHit()
     {
         Shown<TBnoForm> form(ROVANEL_DEMO_DB);
         QCOMPARE(form.windowTitle(), QString("Bno kereső"));
@@ -315,11 +315,8 @@ private slots:
         QCOMPARE(selected(form), hits.last());
         control<QLineEdit>(form, "BnoEdt")->setText("x");
         QVERIFY(!next->isEnabled());
-    }
 
-    void bnoListModeListsEveryHitAndCopiesThem()
-    {
-        Shown<TBnoForm> form(ROVANEL_DEMO_DB);
+        // List mode lists every hit; a double click selects it in the tree; the list can be copied.
         control<QRadioButton>(form, "FabaListaba1")->setChecked(true);
         search(form, "I10H0");
         QVERIFY(!control<QPushButton>(form, "BnoNext")->isEnabled());
