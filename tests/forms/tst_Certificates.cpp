@@ -134,12 +134,13 @@ private slots:
         QCOMPARE(form.messages.texts(), QStringList{"ATC file nyitás hiba."});
     }
 
+    // Three drug lines a page: the fourth is printed on the second page.
     void printedRecommendationHoldsTheGridsAsEditedAtTheirPlaces()
     {
         CertificateFolder fixture;
         PdfPrints printed(fixture.directory.path() / "javaslat.pdf");
         Shown<Tszj> form(fixture.state);
-        form.fill(handover("90%  EU1"));
+        for (const char* title : {"90%  EU1", "90%  EU2", "90%  EU3", "90%  EU4"}) form.fill(handover(title));
         control<QTableWidget>(form, "gg")->item(1, 2)->setText("5 mg");
         click(form, "PrintSzakjav");
         QVERIFY2(!printed.words().empty(), "pdftotext (poppler-utils) is needed");
@@ -147,6 +148,9 @@ private slots:
                                  printed.at(200, 455), printed.at(480, 455), printed.at(60, 40)};
         QCOMPARE(placed, (QStringList{"Kiss Éva", "Dr. Szabo", "amlodipin", "5 mg", "90%",
                                       "Szakorvosi javaslat támogatással történő gyógyszerrendeléshez"}));
+        QCOMPARE(rovanel::testing::textAt(printed.words(), 545 * rovanel::kMillimetresPerLayoutUnit,
+                                          455 * rovanel::kMillimetresPerLayoutUnit, 2),
+                 std::string("EU4"));
     }
 };
 

@@ -373,22 +373,6 @@ private slots:
         QVERIFY(checked >= 8);
     }
 
-    void previewPaintsTheLayoutSideways()
-    {
-        rovanel::PrintLayout layout;
-        layout.orientation = rovanel::PageOrientation::Sideways;
-        layout.pages.push_back({{{"a", 100, 100, rovanel::utf8ToCp1250("Előkép"), 10, false}}});
-        layout.pages.push_back({{{"b", 100, 100, rovanel::utf8ToCp1250("második"), 10, false}}});
-        rovanel::testing::ScratchDirectory directory;
-        PdfPrints previewed(directory.path() / "preview.pdf", PdfPrints::Way::Preview);
-        rovanel::forms::previewLayout(nullptr, layout);
-        QCOMPARE(previewed.orientation, QPageLayout::Landscape);
-        const auto words = previewed.words();
-        const double at = 100 * rovanel::kMillimetresPerLayoutUnit;
-        QCOMPARE(rovanel::testing::textAt(words, at, at, 1), std::string("Előkép"));
-        QCOMPARE(rovanel::testing::textAt(words, at, at, 2), std::string("második"));
-    }
-
     void unwritablePdfIsRefusedWithTheReason()
     {
         rovanel::testing::ScratchDirectory directory;
