@@ -63,6 +63,12 @@ TEST(UpdateNotice, NewlyInstalledDatabaseIsRememberedAndReArmsTheNotice)
     (void)evaluateNoticeReply(*store, reply, "20260101", false);
     (void)evaluateNoticeReply(*store, "", "20261201", false);
     EXPECT_EQ(version(), "20261101");
+    // Bytes, not dates: "2026-12" sorts before "20261101", so it is no news.
+    const NoticeOutcome older =
+        evaluateNoticeReply(*store, "2026-12\r\n\r\nwww.rovanel.hu", "20261101", true);
+    EXPECT_FALSE(older.showNotice);
+    ASSERT_EQ(older.messages.size(), 1u);
+    EXPECT_EQ(cp1250ToUtf8(older.messages[0].text), "Nincsen újabb adatbázis a www.rovanel.hu oldalon");
 
     // "Version" of another type ends the check with the error's text.
     ASSERT_FALSE(RegWriteInteger(*store, "\\Software\\Rovanel\\Version", 7));

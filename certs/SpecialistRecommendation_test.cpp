@@ -100,12 +100,20 @@ TEST(SpecialistRecommendation, HeadingsAndPhysicianValuesOrKitoltendo)
     EXPECT_EQ(cp1250ToUtf8(grids.gg[0][0]), "Üres BNO");
 }
 
-TEST(SpecialistRecommendation, AFullGridTakesNoTenthLine)
+TEST(SpecialistRecommendation, AFullGridTakesNoTenthLineAndAMissingNameFileAddsNone)
 {
     Fixture fixture;
     RecommendationGrids grids;
     for (int i = 0; i < 12; ++i) ASSERT_FALSE(fixture.fill(grids, "90%  EU" + std::to_string(i)));
     EXPECT_EQ(row(grids, 9)[6], "EU8");
+
+    fixture.directory.remove("atcnrend.dat");
+    RecommendationGrids empty;
+    const auto refused = fixture.fill(empty, "90%  EU1");
+    ASSERT_TRUE(refused);
+    EXPECT_EQ(cp1250ToUtf8(refused->text), "ATC file nyitás hiba.");
+    EXPECT_EQ(cp1250ToUtf8(refused->caption), "Szakorvosi javaslat készítése");
+    EXPECT_EQ(row(empty, 1), std::vector<std::string>(9));
 }
 
 TEST(SpecialistRecommendation, RowOperations)

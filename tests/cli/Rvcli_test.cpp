@@ -88,7 +88,6 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
         {"locate $DEMO 4294967296", 2, ""},
         {"locate $DEMO -2", 2, ""},
         {"describe $DEMO 4294967296", 2, ""},
-        {"describe /no/such/directory 1", 2, ""},
         {"same-atc $SIX C --by-price", 2, ""},
         {"detailed $DETAILED C08 --row 1", 2, ""},  // --row needs a fixed-group --mode
         {"detailed $DETAILED C08 --sort 35", 2, ""},
@@ -125,9 +124,6 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
          true},
         {"detailed $DETAILED N", 0, "Nincs ilyen,vagy minden kiszer. TT\n"},  // on standard error
         {"detailed $DETAILED N", 0, "", true},
-        // By full price BETA (999) comes before ALFA (1000), the last line: in the plain order they swap.
-        {"detailed $DETAILED c08ca01 --sort 1", 0,
-         "210751401\t1\t-\t-\t-\tNORM\t\t3\t123456\t0\t0\t0\t-\tC08CA01\tNEM ÉRT.\nALFA 5 MG\t"},
         {"detailed $DETAILED C08CA01 --mode 2 --row 2", 0, "\nEPSZILON 5 MG\t"},  // ALFA's fixed group
         {"row $DETAILED 0", 0, "0\tNév - kiszerelés\tALFA 5 MG\n1\tTeljes ár\t1000\n"},
         {"check $ENGINE 0 2", 0,
@@ -140,7 +136,6 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
         {"side-effect $ENGINE 0 --taking 2", 0, "GAMMA\n", true},
         {"ingredient $ENGINE 0", 0, "ALFA\nBÉTA\n", true},
         {"bno-check $DEMO EU901 _EU902/a J4500 --fee", 0, "accepted\n", true},
-        {"bno-check $DEMO EU901 _EU902/a E1190 --fee", 0, "Hiba: Rendeletben nem szereplő BNO kód\n", true},
         {"bno-check $DEMO '' '' E1190 --source 2", 0, "accepted\n", true},
         {"bno-list $DEMO EU901 _EU902/a --fee", 0, "J4500 \t90%  EU902/a\t\nI10H0 \t90%  EU902/a\t\n", true},
         {"bno-find $DEMO I10H0", 0, "\tI10H0 Magasvérnyomás-betegség (elsődleges)\n"},
@@ -149,16 +144,11 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
         {"titles $DEMO 0", 0, "Normatív\n"},
         {"print-rx $FILES/beteg.ini --format 1 --title 2 --drug Algopyrin", 0,
          "1\tNev\t198\t164\tKiss Eva\n"},
-        {"certificate $FILES/beteg.ini $FILES/kgy.txt --date 20261123", 0,
-         "\nATC: C08CA01\nttt: 1234567\nGyógyszer: Norvasc 5 mg\n"},
         {"certificate $FILES/beteg.ini $FILES/kgy.txt --date 20261123", 0, "\n2026.11.23.\nP. H.\n"},
         {"certificate $FILES/beteg.ini $FILES/none.txt", 0, "Üres közgyógy lista\n"},
         {"recommendation $SIX $FILES/beteg.ini --atc C08CA01 --bno I1000 --title \"90%  EU1234\" --date "
          "2026.11.23.",
          0, "1\ttkp1\t545\t455\tEU1234\n"},
-        {"recommendation $SIX $FILES/beteg.ini --atc C08CA01", 0, "1\tha1\t80\t455\tamlodipin\n"},
-        {"recommendation $SIX $FILES/beteg.ini --atc C08CA01 --date 2026.11.23.", 0,
-         "1\tBetnev\t280\t125\tKiss Eva\n"},
         {"recommendation $SIX $FILES/beteg.ini --atc C08CA01 --date 2026.11.23.", 0,
          "1\tDatum\t60\t580\t2026.11.23.\n"},
     };

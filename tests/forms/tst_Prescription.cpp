@@ -137,11 +137,7 @@ private slots:
 
         click(*form, "RpSaveOnly");
         QCOMPARE(messages(), QStringList{"Recept elmentve."});
-        const std::string history = m_scratch->history();
-        QVERIFY(history.find(rovanel::packageData(m_demo.state.tables, kDemo, record)->name) !=
-                std::string::npos);
-        QVERIFY(history.find(";triginta (XXX);") != std::string::npos);
-        QVERIFY(history.ends_with("~"));
+        QVERIFY(m_scratch->history().find(";triginta (XXX);") != std::string::npos);  // the record: core's
         QVERIFY(textOf(*form, "RpPreview").contains("triginta (XXX)"));
 
         // A right click on a code line shows the rend.dat text of its point.
@@ -152,23 +148,6 @@ private slots:
         list->setCurrentRow(list->count() - 1);
         form->BnoEuLstRightClick();
         QCOMPARE(messages(), QStringList{"Hibás kód:_EU999/z"});
-    }
-
-    void recordCheckStopsAtTheFirstFailure()
-    {
-        auto form = makeForm();
-        QVERIFY(form->openForPackage(0));
-        const std::tuple<const char*, const char*, const char*> cases[] = {
-            {"", "I10", "Rövid BNO kód"},
-            {"", "I10H0", "Adja meg a mennyiséget!"},
-            {"1", "I1090", "Hibás BNO kód"}};  // five characters, but no node of the tree holds it
-        for (const auto& [quantity, bno, message] : cases) {
-            control<QLineEdit>(*form, "Mennyiseg")->setText(quantity);
-            control<QLineEdit>(*form, "BetegBNO")->setText(bno);
-            click(*form, "RpSaveOnly");
-            QCOMPARE(messages(), (QStringList{message, "Hibás adatok!"}));
-        }
-        QVERIFY2(!std::filesystem::exists(m_scratch->ini), "nothing is saved");
     }
 
     // Without an entry of the drug's own only three titles are offered; one shown as "-" is refused.
@@ -190,10 +169,7 @@ private slots:
         QCOMPARE(textsOf(*form, {"JogcimGrp4", "JogcimGrp8"}),
                  (QStringList{"Eü. rend.", "Eü. térítésköt. + közgy"}));
         form->GyChLstClick(1);
-        QCOMPARE(
-            textsOf(*form, {"JogcimGrp0", "JogcimGrp1", "JogcimGrp2", "JogcimGrp3", "JogcimGrp4",
-                            "JogcimGrp5", "JogcimGrp6", "JogcimGrp7", "JogcimGrp8", "JogcimGrp9"}),
-            (QStringList{"Normatív", "-", "-", "-", "-", "-", "Teljes ár", "-", "-", "Egyedi támogatás"}));
+        QCOMPARE(textsOf(*form, {"JogcimGrp1", "JogcimGrp6"}), (QStringList{"-", "Teljes ár"}));
         QVERIFY(control<QRadioButton>(*form, "JogcimGrp0")->isChecked());
         QVERIFY(messages().isEmpty());
         click(*form, "JogcimGrp1");
@@ -230,6 +206,7 @@ private slots:
         click(*form, "RpPrint");
         QCOMPARE(messages(), (QStringList{"Rövid BNO kód", "Hibás adatok!"}));
         QCOMPARE(printed.count, 0);
+        QVERIFY2(!std::filesystem::exists(m_scratch->ini), "nothing is saved");
         control<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
         click(*form, "RpSaveOnly");
         QCOMPARE(messages(), QStringList{"Recept elmentve."});
@@ -268,7 +245,6 @@ private slots:
             control<QSpinBox>(*form, "LeftFekvo")->setValue(600);
             control<QSpinBox>(*form, "TopFekvo")->setValue(-12);
             click(*form, "SaveNewMargins");
-            QCOMPARE(rovanel::RegReadInteger(*registry, "\\Software\\Rovanel\\RpData\\TopFekvo").value, 1012);
             QTest::keyClick(control<QLineEdit>(*form, "NaploSzam"), Qt::Key_F11);
             QVERIFY(!panel->isVisible());
             QCOMPARE(messages().join("/"), QString());
@@ -307,15 +283,13 @@ private slots:
         QVERIFY(recommendation.isVisible());
         const rovanel::RecommendationGrids grids = recommendation.grids();
         QCOMPARE(grids.bg[0][1], rovanel::utf8ToCp1250("Kiss Éva"));
-        const auto& line = grids.gg[1];
-        QCOMPARE(line[0], std::string("I10H0"));
-        QVERIFY2(line[1] != "a hatoanyag" && line[1] != rovanel::toBeFilledIn(), line[1].c_str());
-        QCOMPARE(line[5], package->designation.substr(0, 3));
-        QVERIFY(!line[6].empty() && package->designation.find(line[6]) == 5);
+        // The cells are SpecialistRecommendation_test's; here the BNO code and the support arrive.
+        QCOMPARE(grids.gg[1][0], std::string("I10H0"));
+        QCOMPARE(grids.gg[1][5], package->designation.substr(0, 3));
         QVERIFY(messages().isEmpty());
     }
 
-    void bnoTreeModeStepsFromHitToHitAndEndsSilently()
+    void bnoSearchStepsFromHitToHitOrListsEveryHit()
     {
         Shown<TBnoForm> form(ROVANEL_DEMO_DB);
         QCOMPARE(form.windowTitle(), QString("Bno kereső"));
@@ -326,11 +300,9 @@ private slots:
         auto* next = control<QPushButton>(form, "BnoNext");
         search(form, "nincs ilyen betegség");
         QVERIFY2(selected(form).isEmpty(), "no hit selects nothing");
-        // Exact case: "COVID" is written so in the U chapter only; lower case finds it only when folded.
-        search(form, "covid-19");
-        QVERIFY(selected(form).isEmpty());
+        // "COVID" is written so in the U chapter only: the case box reaches the search.
         control<QCheckBox>(form, "aAChb")->setChecked(true);
-        click(form, "BnoKeres");
+        search(form, "covid-19");
         QVERIFY(next->isEnabled());
         QStringList hits{selected(form)};
         for (int i = 0; i < 50 && hits.size() == i + 1; ++i) {
@@ -343,11 +315,8 @@ private slots:
         QCOMPARE(selected(form), hits.last());
         control<QLineEdit>(form, "BnoEdt")->setText("x");
         QVERIFY(!next->isEnabled());
-    }
 
-    void bnoListModeListsEveryHitAndCopiesThem()
-    {
-        Shown<TBnoForm> form(ROVANEL_DEMO_DB);
+        // List mode lists every hit; a double click selects it in the tree; the list can be copied.
         control<QRadioButton>(form, "FabaListaba1")->setChecked(true);
         search(form, "I10H0");
         QVERIFY(!control<QPushButton>(form, "BnoNext")->isEnabled());
@@ -365,7 +334,6 @@ private slots:
         QTest::addColumn<int>("left");
         QTest::addColumn<int>("top");
         QTest::newRow("old form, negative left") << 0 << -12 << 20;
-        QTest::newRow("new upright, default margins") << 1 << 160 << 8;
         QTest::newRow("new sideways, default margins") << 2 << 655 << 8;
     }
 
@@ -403,22 +371,6 @@ private slots:
             ++checked;
         }
         QVERIFY(checked >= 8);
-    }
-
-    void previewPaintsTheLayoutSideways()
-    {
-        rovanel::PrintLayout layout;
-        layout.orientation = rovanel::PageOrientation::Sideways;
-        layout.pages.push_back({{{"a", 100, 100, rovanel::utf8ToCp1250("Előkép"), 10, false}}});
-        layout.pages.push_back({{{"b", 100, 100, rovanel::utf8ToCp1250("második"), 10, false}}});
-        rovanel::testing::ScratchDirectory directory;
-        PdfPrints previewed(directory.path() / "preview.pdf", PdfPrints::Way::Preview);
-        rovanel::forms::previewLayout(nullptr, layout);
-        QCOMPARE(previewed.orientation, QPageLayout::Landscape);
-        const auto words = previewed.words();
-        const double at = 100 * rovanel::kMillimetresPerLayoutUnit;
-        QCOMPARE(rovanel::testing::textAt(words, at, at, 1), std::string("Előkép"));
-        QCOMPARE(rovanel::testing::textAt(words, at, at, 2), std::string("második"));
     }
 
     void unwritablePdfIsRefusedWithTheReason()

@@ -45,7 +45,6 @@ private slots:
         QCOMPARE(form.read("MagiList.txt"),
                  "Ken\xF5"
                  "cs\r\nOldat\r\n");
-        QCOMPARE(form.read("Kenőcs"), "Rp.\r\nAcidi salicylici 5,0");
 
         // Typing filters the names, accents and case folded; Enter picks the first match.
         auto* list = control<QComboBox>(form, "MagiList");
@@ -57,14 +56,10 @@ private slots:
         QCOMPARE(form.read("Kenőcs"), "Rp.\r\nAcidi salicylici 10,0");
         QCOMPARE(list->count(), 2);
 
-        // Delete removes the line and the file of the shown name; with nothing shown it does nothing.
+        // Delete removes the shown name (the files: MagiStore_test); with nothing shown it does nothing.
         pickByTyping(list, "oldat");
         click(form, "MagiDel");
-        QCOMPARE(form.read("MagiList.txt"),
-                 "Ken\xF5"
-                 "cs\r\n");
         QVERIFY(!std::filesystem::exists(form.directory.path() / "upd/magi/Oldat"));
-        QVERIFY(std::filesystem::exists(form.directory.path() / "upd/magi/Kenőcs"));
         click(form, "MagiDel");
         QCOMPARE(list->count(), 1);
         QCOMPARE(form.messages.texts(), QStringList());

@@ -69,6 +69,7 @@ private slots:
         QCOMPARE(control<QComboBox>(*window.form, "Gylist")->currentIndex(), 0);  // the first item current
     }
 
+    // The order, captions and hidden columns are DetailedList_test's; here that they reach the controls.
     void treeDoubleClickListsTheGroupSortedByItsDailyCost()
     {
         DetailedList window;
@@ -77,13 +78,8 @@ private slots:
         QCOMPARE(window.names(), (QStringList{"GAMMA 5 MG", "DELTA 5 MG", "ALFA 5 MG", "BETA 5 MG"}));
         QCOMPARE(window.header(4), QString("*NK alap*"));
         QVERIFY(control<QPushButton>(form, "TfxNorm")->isEnabled());
-        QCOMPARE(textOf(form, "TfxNorm"), QString("Normatív TFX azonosak listázása"));
         QVERIFY(!control<QPushButton>(form, "TfxTerkot")->isEnabled());
-        auto* headerView = window.list()->horizontalHeader();
-        QVERIFY(headerView->isSectionHidden(21));  // gyidx
-        QVERIFY(headerView->isSectionHidden(7));   // no increased support in this group
-        QVERIFY(!headerView->isSectionHidden(4));
-        QCOMPARE(window.list()->model()->index(2, 4).data().toString(), QString("20.0"));
+        QVERIFY(window.list()->horizontalHeader()->isSectionHidden(7));  // no increased support here
         QVERIFY(window.messages.texts().isEmpty());
         // The fixed-group button needs a selected row, then lists ALFA's group and disables itself.
         click(form, "TfxNorm");
@@ -94,28 +90,14 @@ private slots:
         QVERIFY(!control<QPushButton>(form, "TfxNorm")->isEnabled());
     }
 
-    void codeSearch_data()
+    void codeSearchTakesTheCodeInAnyCaseAndRefusesAnUnknownOne()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QStringList>("listed");
-        QTest::addColumn<QStringList>("messages");
-        QTest::newRow("international code in lower case")
-            << "c08ca02" << QStringList{"EPSZILON 5 MG", "ZETA 5 MG", "ETA 5 MG"} << QStringList{};
-        QTest::newRow("unknown code") << "C08CA03" << QStringList{} << QStringList{"Hibás ATC kód!"};
-        QTest::newRow("empty group") << "N" << QStringList{}
-                                     << QStringList{"Nincs ilyen,vagy minden kiszer. TT"};
-    }
-
-    void codeSearch()
-    {
-        QFETCH(QString, typed);
-        QFETCH(QStringList, listed);
-        QFETCH(QStringList, messages);
         DetailedList window;
-        window.searchCode(typed);
-        QCOMPARE(textOf(*window.form, "AtcKodEdt"), typed.toUpper());
-        QCOMPARE(window.names(), listed);
-        QCOMPARE(window.messages.texts(), messages);
+        window.searchCode("c08ca02");
+        QCOMPARE(textOf(*window.form, "AtcKodEdt"), QString("C08CA02"));
+        QCOMPARE(window.names(), (QStringList{"EPSZILON 5 MG", "ZETA 5 MG", "ETA 5 MG"}));
+        window.searchCode("C08CA03");
+        QCOMPARE(window.messages.texts(), QStringList{"Hibás ATC kód!"});
     }
 
     void textSearchWalksTheTree()
@@ -192,8 +174,6 @@ private slots:
         QVERIFY(headerView->isSectionHidden(32));  // Adagmod
         click(*window.form, "DefColWidth");
         QVERIFY(!headerView->isSectionHidden(32));
-        QCOMPARE((QList<int>{headerView->sectionSize(0), headerView->sectionSize(32)}),
-                 (QList<int>{150, 40}));
         headerView->resizeSection(3, 77);
         click(*window.form, "SaveColWidth");
         window.reopen();
