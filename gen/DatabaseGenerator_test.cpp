@@ -269,7 +269,9 @@ TEST(DatabaseCheck, ReportsEachKindOfDamage)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         ScratchDirectory directory;
-        std::filesystem::copy(pristine.path(), directory.path(), std::filesystem::copy_options::recursive);
+        // File by file: copying the folder into an existing one fails under Windows' runtime.
+        for (const auto& file : std::filesystem::directory_iterator(pristine.path()))
+            std::filesystem::copy_file(file.path(), directory.path() / file.path().filename());
         const std::string damaged = c.damage(fileText(directory.path() / c.file));
         if (damaged == "\x01")
             std::filesystem::remove(directory.path() / c.file);

@@ -43,7 +43,8 @@ TakenDrugs::TakenDrugs(rovanel::SharedState& state, const Controls& controls, QW
 void TakenDrugs::pickFrom(NameList* names)
 {
     m_names = names;
-    m_names->lineEdit()->installEventFilter(this);
+    m_nameEdit = names->lineEdit();
+    names->lineEdit()->installEventFilter(this);
 }
 
 void TakenDrugs::fillNames()
@@ -53,8 +54,7 @@ void TakenDrugs::fillNames()
 
 bool TakenDrugs::eventFilter(QObject* watched, QEvent* event)
 {
-    if (m_names && watched == m_names->lineEdit() && event->type() == QEvent::MouseButtonDblClick)
-        addChosen();
+    if (event->type() == QEvent::MouseButtonDblClick && m_nameEdit && watched == m_nameEdit) addChosen();
     return QWidget::eventFilter(watched, event);
 }
 

@@ -71,6 +71,9 @@ private:
     rovanel::SharedState& m_state;
     QListWidget* m_list = nullptr;
     NameList* m_names = nullptr;
+    // The name list's line edit, compared by address only: its events also arrive while the name list
+    // is being destroyed, when the list may no longer be asked for it.
+    const QObject* m_nameEdit = nullptr;
 };
 
 }  // namespace rovanel::forms
