@@ -13,10 +13,8 @@ using namespace rovanel::fuzzing;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const auto segments = splitSegments(std::string_view(reinterpret_cast<const char*>(data), size));
-    const Parameters parameters(segments.front());
-    FuzzDirectory& directory = fuzzDirectory();
-    directory.populate(segments, layoutFiles("aids_fuzz"));
+    const Parameters parameters = populateFromInput(data, size, "aids_fuzz");
+    const FuzzDirectory& directory = fuzzDirectory();
     const AidCatalogue catalogue = loadAidCatalogue(directory.path());
     const MessageTable messages =
         MessageTable::parse(readWholeFile(directory.path() / "MSG.DAT").value_or(std::string{}));

@@ -14,11 +14,9 @@ using namespace rovanel::fuzzing;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const auto segments = splitSegments(std::string_view(reinterpret_cast<const char*>(data), size));
-    const Parameters parameters(segments.front());
-    FuzzDirectory& directory = fuzzDirectory();
-    directory.populate(segments, layoutFiles("detailed_fuzz"));
-    const StartupTables tables = loadStartupTables(directory.path(), directory.path() / "RV.INI");
+    const Parameters parameters = populateFromInput(data, size, "detailed_fuzz");
+    const FuzzDirectory& directory = fuzzDirectory();
+    const StartupTables tables = loadFuzzTables();
     const std::int32_t products = tables.counts.products();
 
     DetailedList list(tables);

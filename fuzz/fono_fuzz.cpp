@@ -29,10 +29,8 @@ void check(const FonoItem& item)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const auto segments = splitSegments(std::string_view(reinterpret_cast<const char*>(data), size));
-    const Parameters parameters(segments.front());
-    FuzzDirectory& directory = fuzzDirectory();
-    directory.populate(segments, layoutFiles("fono_fuzz"));
+    const Parameters parameters = populateFromInput(data, size, "fono_fuzz");
+    const FuzzDirectory& directory = fuzzDirectory();
     const FonoCatalogue catalogue = loadFonoCatalogue(directory.path());
     const int item = static_cast<int>(std::clamp<std::int64_t>(parameters.at(0), -2, 1'000'000));
     if (const auto found = readFonoItem(catalogue, item)) check(*found);
