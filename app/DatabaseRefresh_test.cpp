@@ -115,8 +115,7 @@ TEST_F(Refresh, FailureAtAnyStepLeavesTheOldDatabaseWhole)
 {
     struct Case {
         const char* what;
-        int failingCopy;    // 1-based, 0: none
-        int failingRename;  // 1-based, 0: none
+        int failingCopy, failingRename;  // 1-based, 0: none
         bool shortCopy;
         const char* why;
     };

@@ -10,14 +10,10 @@ namespace rovanel
 namespace
 {
 
-TEST(SettingsFilePath, NeverDoublesTheSeparator)
+TEST(PublicCareTextPath, ReadsKgyTxtPathOrGivesEmptyTextFromAnRvIniNamedWithoutADoubledSeparator)
 {
     EXPECT_EQ(settingsFilePath("/data/db"), std::filesystem::path("/data/db/RV.INI"));
     EXPECT_EQ(settingsFilePath("/data/db/"), std::filesystem::path("/data/db/RV.INI"));
-}
-
-TEST(PublicCareTextPath, ReadsKgyTxtPathOrGivesEmptyText)
-{
     testing::ScratchDirectory directory;
     EXPECT_EQ(publicCareTextPath(directory.path()), "");
     directory.write("RV.INI", "[Rovanel Beallitasok]\r\nKgyTxtPath=c:\\rovanelw\\kgy.txt\r\n");
