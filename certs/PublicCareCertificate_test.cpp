@@ -51,29 +51,25 @@ std::vector<std::string> productLines(const char* atc, const char* ttt, const ch
             "Megjegyzés"};
 }
 
-std::vector<std::string> tail(const std::vector<std::string>& physician)
-{
-    std::vector<std::string> lines = {
-        "2. Gyógyászati segédeszközök és orvosi rehabilitáció céljából havonta rendszeresen rendelt gyógyító "
-        "ellátások:",
-        "III. Háziorvosra (intézményi orvosra) vonatkozó adatok, a háziorvos nyilatkozata"};
-    lines.insert(lines.end(), physician.begin(), physician.end());
-    lines.push_back(
-        "Kijelentem, hogy az igazolásban feltüntetett gyógyító ellátásra vonatkozó szükséglet kizárólag "
-        "a közgyógyellátást igénylő személy orvosi dokumentációjában igazolt kezelése alapján került "
-        "megállapításra.");
-    lines.push_back("2026.11.23.");
-    lines.push_back("P. H.");
-    lines.push_back("...........................................");
-    lines.push_back("              háziorvos aláírása");
-    return lines;
-}
-
 std::vector<std::string> joined(std::initializer_list<std::vector<std::string>> parts)
 {
     std::vector<std::string> all;
     for (const auto& part : parts) all.insert(all.end(), part.begin(), part.end());
     return all;
+}
+
+std::vector<std::string> tail(const std::vector<std::string>& physician)
+{
+    return joined(
+        {{"2. Gyógyászati segédeszközök és orvosi rehabilitáció céljából havonta rendszeresen rendelt "
+          "gyógyító ellátások:",
+          "III. Háziorvosra (intézményi orvosra) vonatkozó adatok, a háziorvos nyilatkozata"},
+         physician,
+         {"Kijelentem, hogy az igazolásban feltüntetett gyógyító ellátásra vonatkozó szükséglet kizárólag "
+          "a közgyógyellátást igénylő személy orvosi dokumentációjában igazolt kezelése alapján került "
+          "megállapításra.",
+          "2026.11.23.", "P. H.", "...........................................",
+          "              háziorvos aláírása"}});
 }
 
 TEST(PublicCareCertificate, TextLineByLineWithMissingIniValuesAndNoList)
@@ -139,13 +135,9 @@ TEST(PublicCareCertificate, ProductsInListOrderWithIniValues)
 
 TEST(PublicCareList, LinesAreSplitAsStrtokSplitsThem)
 {
-    struct Case {
-        const char* what;
-        std::string content;
-        std::vector<PublicCareEntry> expected;
-    };
     const std::string longName(600, 'n');
-    const Case cases[] = {
+    // What the list holds, its bytes, and the entries read.
+    const std::tuple<const char*, std::string, std::vector<PublicCareEntry>> cases[] = {
         {"five fields, LF", "A;B;C;D;E\n", {{"A", "B", "C", "D", "E"}}},
         {"CR LF on disk", "A;B;C;D;E\r\n", {{"A", "B", "C", "D", "E"}}},
         {"no line end", "A;B;C;D;E", {{"A", "B", "C", "D", "E"}}},
@@ -160,23 +152,8 @@ TEST(PublicCareList, LinesAreSplitAsStrtokSplitsThem)
          "A;B;" + longName + ";D;E\n",
          {{"A", "B", longName.substr(0, 507), "", ""}, {std::string(93, 'n'), "D", "E", "", ""}}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        EXPECT_EQ(parsePublicCareList(c.content), c.expected);
-    }
-}
-
-TEST(PublicCareList, EmptyingTheListGivesTheEmptyListMessageAndIsSilentTwice)
-{
-    testing::ScratchDirectory directory;
-    const auto list = directory.path() / "kgy.txt";
-    directory.write("kgy.txt", "A;B;C;D;E\n");
-    EXPECT_TRUE(readPublicCareList(list));
-    deletePublicCareList(list);
-    deletePublicCareList(list);
-    EXPECT_FALSE(readPublicCareList(list));
-    EXPECT_FALSE(readPublicCareList(""));
-    EXPECT_TRUE(buildPublicCareCertificate(list, directory.path() / "b.ini", "20261123").message);
+    for (const auto& [what, content, expected] : cases)
+        EXPECT_EQ(parsePublicCareList(content), expected) << what;
 }
 
 TEST(CertificateLayout, LongParagraphsWrapAndPagesFollowOneAnother)
@@ -204,17 +181,26 @@ TEST(CertificateLayout, LongParagraphsWrapAndPagesFollowOneAnother)
             EXPECT_LE(item.top + 16, static_cast<int>(kA4HeightUnits) - 76);
 }
 
-const PublicCareEntry kAmlodipin{"C08CA-01", "210751477", "AMLODIPIN 5 MG TABLETTA 30X", "3", "amlodipin "};
-
-TEST(PublicCareList, ARefusedWriteSaysWhyAndLosesNothing)
+// Emptying the list is silent, twice; a refused write says why and loses nothing.
+TEST(PublicCareList, EmptyingIsSilentAndARefusedWriteLosesNothing)
 {
     testing::ScratchDirectory directory;
+    const auto list = directory.path() / "kgy.txt";
     directory.write("kgy.txt", "A;1;X;2;y\r\n");
     directory.write("blocker", "a file where a folder should be");
-    const auto error = appendPublicCareEntry(directory.path() / "blocker" / "kgy.txt", kAmlodipin);
+    const auto error =
+        appendPublicCareEntry(directory.path() / "blocker" / "kgy.txt",
+                              {"C08CA-01", "210751477", "AMLODIPIN 5 MG TABLETTA 30X", "3", "amlodipin "});
     ASSERT_TRUE(error);
     EXPECT_EQ(error->rfind("A k\xF6zgy\xF3gy lista nem \xEDrhat\xF3: ", 0), 0u);
-    EXPECT_EQ(readWholeFile(directory.path() / "kgy.txt").value_or(""), "A;1;X;2;y\r\n");
+    EXPECT_EQ(readWholeFile(list).value_or(""), "A;1;X;2;y\r\n");
+
+    EXPECT_TRUE(readPublicCareList(list));
+    deletePublicCareList(list);
+    deletePublicCareList(list);
+    EXPECT_FALSE(readPublicCareList(list));
+    EXPECT_FALSE(readPublicCareList(""));
+    EXPECT_TRUE(buildPublicCareCertificate(list, directory.path() / "b.ini", "20261123").message);
 }
 
 TEST(PublicCareList, IngredientIsTheTreeTextBeforeItsParenthesis)

@@ -45,11 +45,8 @@ std::vector<std::string> row(const RecommendationGrids& grids, std::size_t index
 
 TEST(SpecialistRecommendation, FillTakesTheSupportFieldsFromTheTitleText)
 {
-    struct Case {
-        const char* what;
-        std::string titleText, atc;
-        std::string line;  // the drug line's cells joined by '|'
-    };
+    // What the title text holds, the title text, the ATC code, and the drug line's cells joined by '|'.
+    using Case = std::tuple<const char*, std::string, std::string, std::string>;
     const std::string todo = "KITÖLTENDŐ|KITÖLTENDŐ|KITÖLTENDŐ|";  // strength, route, dosage
     const Case cases[] = {
         {"increased support: rate and indication number", "90%  EÜ12345678", "C08CA01",
@@ -59,19 +56,19 @@ TEST(SpecialistRecommendation, FillTakesTheSupportFieldsFromTheTitleText)
         {"a short title text", "50%", "C08", "I1000|Kalciumcsatorna-blokkolók|" + todo + "50%|||KITÖLTENDŐ"},
         {"an unknown ATC code", "", "X99", "I1000|a hatoanyag|" + todo + "|||KITÖLTENDŐ"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, titleText, atc, expected] : cases) {
+        SCOPED_TRACE(what);
         Fixture fixture;
         RecommendationGrids grids;
-        EXPECT_FALSE(fixture.fill(grids, utf8ToCp1250(c.titleText), c.atc));
+        EXPECT_FALSE(fixture.fill(grids, utf8ToCp1250(titleText), atc));
         std::string line;
         for (const std::string& cell : row(grids, 1)) line += (line.empty() ? "" : "|") + cell;
-        EXPECT_EQ(line, c.line);
+        EXPECT_EQ(line, expected);
         EXPECT_EQ(row(grids, 2), std::vector<std::string>(9));
     }
 }
 
-TEST(SpecialistRecommendation, HeadingsAndPhysicianValuesOrKitoltendo)
+TEST(SpecialistRecommendation, HeadingsPhysicianValuesOrKitoltendoAndNineDrugLinesAtMost)
 {
     Fixture fixture;
     RecommendationGrids grids;
@@ -98,13 +95,9 @@ TEST(SpecialistRecommendation, HeadingsAndPhysicianValuesOrKitoltendo)
 
     writeRecommendationHeadings(grids, "");
     EXPECT_EQ(cp1250ToUtf8(grids.gg[0][0]), "Üres BNO");
-}
 
-TEST(SpecialistRecommendation, AFullGridTakesNoTenthLineAndAMissingNameFileAddsNone)
-{
-    Fixture fixture;
-    RecommendationGrids grids;
-    for (int i = 0; i < 12; ++i) ASSERT_FALSE(fixture.fill(grids, "90%  EU" + std::to_string(i)));
+    // A full grid takes no tenth line; a missing name file adds none.
+    for (int i = 2; i < 12; ++i) ASSERT_FALSE(fixture.fill(grids, "90%  EU" + std::to_string(i)));
     EXPECT_EQ(row(grids, 9)[6], "EU8");
 
     fixture.directory.remove("atcnrend.dat");
