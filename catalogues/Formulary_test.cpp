@@ -23,11 +23,8 @@ std::string styled(const FonoItem& item)
 
 TEST(ParseFonoItem, StylesEachLineByTheFirstLabelItHolds)
 {
-    struct Case {
-        const char* what;
-        std::string body;  // after the "#2" line, UTF-8, LF
-        const char* expected;
-    };
+    // What the text holds, the text after the "#2" line (UTF-8, LF), and its styled lines.
+    using Case = std::tuple<const char*, std::string, std::string>;
     const Case cases[] = {
         {"first line is the title whatever it holds", "Javallat: elöl\nRp.\n",
          "title|Javallat: elöl\nrp|Rp.\n"},
@@ -47,13 +44,16 @@ TEST(ParseFonoItem, StylesEachLineByTheFirstLabelItHolds)
          "Cím\nFigyelmeztetés:", "title|Cím\nlabel|Figyelmeztetés:\n"},
         {"the text ends at the next #1", "Cím\nszöveg\n#1\nMásik\n#2\nMásik szöveg\n",
          "title|Cím\ntext|szöveg\n"},
+        {"a line longer than the read buffer comes in pieces",
+         "Cím\n" + std::string(kFonoPieceLimit + 10, 'x') + "Rp.\n",
+         "title|Cím\ntext|" + std::string(kFonoPieceLimit, 'x') + "rp|" + std::string(10, 'x') + "Rp.\n"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        const std::string file = cp("bevezető\r\n#1\r\nNév\r\nFoNo VII. 1.1\r\n#2\r\n" + c.body);
+    for (const auto& [what, body, expected] : cases) {
+        SCOPED_TRACE(what);
+        const std::string file = cp("bevezető\r\n#1\r\nNév\r\nFoNo VII. 1.1\r\n#2\r\n" + body);
         const FonoItem item = parseFonoItem(file, 0);
         EXPECT_EQ(cp1250ToUtf8(item.name), "Név");
-        EXPECT_EQ(styled(item), c.expected);
+        EXPECT_EQ(styled(item), expected);
     }
 }
 
@@ -83,15 +83,6 @@ TEST(ParseFonoItem, MissingMarkersAndLongLinesNeverBorrowTheNextItem)
         EXPECT_EQ(item.name, c.name);
         EXPECT_EQ(item.lines.size(), c.lines);
     }
-}
-
-TEST(ParseFonoItem, ALineLongerThanTheReadBufferComesInPieces)
-{
-    const std::string line(kFonoPieceLimit + 10, 'x');
-    const FonoItem item = parseFonoItem("#1\r\nA\r\n#2\r\nCim\r\n" + line + "Rp.\r\n", 0);
-    ASSERT_EQ(item.lines.size(), 3u);
-    EXPECT_EQ(item.lines[1], (FonoLine{FonoStyle::Text, std::string(kFonoPieceLimit, 'x')}));
-    EXPECT_EQ(item.lines[2], (FonoLine{FonoStyle::Rp, std::string(10, 'x') + "Rp.\n"}));
 }
 
 TEST(FonoDocument, TitleBlueLabelsGreenBothFourLarger)

@@ -12,16 +12,17 @@ namespace
 
 std::string cp(std::string_view utf8) { return utf8ToCp1250(utf8); }
 std::string utf8(std::string_view text) { return cp1250ToUtf8(text); }
+// A refusal's text in UTF-8, "" for none.
+std::string refusal(const std::optional<Message>& message) { return message ? utf8(message->text) : ""; }
 
 TEST(RecipeName, NamesThatCannotBeFilesOnWindowsOrLinuxAreRefusedWithTheirReason)
 {
-    struct Case {
-        const char* what;
-        std::string name;
-        const char* reason;  // UTF-8; nullptr when the name is taken
-    };
+    // What the name is, the name, and why it is refused (UTF-8; nullptr when the name is taken).
+    using Case = std::tuple<const char*, std::string, const char*>;
     const char* forbidden =
         "A recept neve nem tartalmazhatja a következő karakterek egyikét: \\ / : * ? \" < > |";
+    const char* ending = "A recept neve nem végződhet ponttal vagy szóközzel.";
+    const char* reserved = "A recept neve nem lehet CON, PRN, AUX, NUL, COM1-COM9 vagy LPT1-LPT9.";
     const Case cases[] = {
         {"plain Hungarian name", cp("Kenőcs szalicilsavval 5%"), nullptr},
         {"dots inside", "Sol. 0.5", nullptr},
@@ -30,13 +31,12 @@ TEST(RecipeName, NamesThatCannotBeFilesOnWindowsOrLinuxAreRefusedWithTheirReason
         {"empty", "", "Adja meg a recept nevét!"},
         {"slash", "../x", forbidden},
         {"tab", "a\tb", "A recept neve nem tartalmazhat vezérlőkaraktert."},
-        {"trailing dot", "recept.", "A recept neve nem végződhet ponttal vagy szóközzel."},
-        {"dot dot", "..", "A recept neve nem végződhet ponttal vagy szóközzel."},
-        {"trailing blank", "recept ", "A recept neve nem végződhet ponttal vagy szóközzel."},
-        {"reserved", "con", "A recept neve nem lehet CON, PRN, AUX, NUL, COM1-COM9 vagy LPT1-LPT9."},
-        {"reserved with extension", "NUL.txt",
-         "A recept neve nem lehet CON, PRN, AUX, NUL, COM1-COM9 vagy LPT1-LPT9."},
-        {"reserved port", "LPT9", "A recept neve nem lehet CON, PRN, AUX, NUL, COM1-COM9 vagy LPT1-LPT9."},
+        {"trailing dot", "recept.", ending},
+        {"dot dot", "..", ending},
+        {"trailing blank", "recept ", ending},
+        {"reserved", "con", reserved},
+        {"reserved with extension", "NUL.txt", reserved},
+        {"reserved port", "LPT9", reserved},
         {"not reserved", "COM0", nullptr},
         {"the list's own name", "magilist.TXT",
          "A recept neve nem lehet MagiList.txt, és nem végződhet .tmp~ véggel."},
@@ -44,15 +44,15 @@ TEST(RecipeName, NamesThatCannotBeFilesOnWindowsOrLinuxAreRefusedWithTheirReason
     std::vector<Case> all(std::begin(cases), std::end(cases));
     for (const char bad : std::string_view("\\/:*?\"<>|"))
         all.push_back({"forbidden character", std::string("a") + bad + "b", forbidden});
-    for (const Case& c : all) {
-        SCOPED_TRACE(c.what + (": " + c.name));
-        const auto refused = checkRecipeName(c.name);
-        if (!c.reason) {
+    for (const auto& [what, name, reason] : all) {
+        SCOPED_TRACE(what + (": " + name));
+        const auto refused = checkRecipeName(name);
+        if (!reason) {
             EXPECT_EQ(refused, std::nullopt);
             continue;
         }
         ASSERT_TRUE(refused);
-        EXPECT_EQ(utf8(refused->text), c.reason);
+        EXPECT_EQ(utf8(refused->text), reason);
         EXPECT_EQ(utf8(refused->caption), "Saját Magi receptek");
     }
 }
@@ -79,6 +79,11 @@ TEST(MagiStore, FirstOpenMakesTheFolderAndAnEmptyListThenKeepsWhatWasTyped)
     EXPECT_EQ(reopened.recipe("../MagiList.txt"), std::nullopt) << "a refused name reads nothing";
     for (const auto& entry : std::filesystem::directory_iterator(folder))
         EXPECT_FALSE(entry.path().filename().string().ends_with(".tmp~")) << "no temporary file is left";
+
+    // List lines keep their bytes, and a last line without line end counts.
+    EXPECT_EQ(parseRecipeList("A\r\nB\nC"), (std::vector<std::string>{"A", "B", "C"}));
+    EXPECT_EQ(parseRecipeList("A\r\n\r\n"), (std::vector<std::string>{"A", ""}));
+    EXPECT_TRUE(parseRecipeList("").empty());
 }
 
 TEST(MagiStore, DuplicateNamesShareOneFileAndDeleteRemovesTheFileOfTheShownText)
@@ -115,39 +120,23 @@ TEST(MagiStore, AFailingWriteSaysWhyAndLosesNothing)
     // The folder replaced by a file: nothing can be written into it (even for root).
     std::filesystem::rename(root.path() / "magi", root.path() / "saved");
     root.write("magi", "not a folder");
-    const auto refused = store.add("B", "bé");
-    ASSERT_TRUE(refused);
-    EXPECT_TRUE(utf8(refused->text).starts_with("A saját receptek listája nem menthető: "))
-        << utf8(refused->text);
+    EXPECT_TRUE(refusal(store.add("B", "bé")).starts_with("A saját receptek listája nem menthető: "));
     EXPECT_EQ(store.names(), std::vector<std::string>{"A"})
         << "the name is not listed when the list was not saved";
-    const auto notModified = store.modify("A", "más");
-    ASSERT_TRUE(notModified);
-    EXPECT_TRUE(utf8(notModified->text).starts_with("A recept nem menthető: "));
+    EXPECT_TRUE(refusal(store.modify("A", "más")).starts_with("A recept nem menthető: "));
     EXPECT_EQ(root.read("saved/A"), "első");
 
     MagiStore unusable(root.path() / "magi");
-    const auto notOpened = unusable.open();
-    ASSERT_TRUE(notOpened);
-    EXPECT_TRUE(utf8(notOpened->text).starts_with("A saját receptek mappája nem hozható létre: "));
+    EXPECT_TRUE(refusal(unusable.open()).starts_with("A saját receptek mappája nem hozható létre: "));
     EXPECT_TRUE(unusable.names().empty());
 
     // A recipe file that is a folder: the list is saved, the recipe is refused, the folder stays.
     std::filesystem::remove(root.path() / "magi");
     std::filesystem::rename(root.path() / "saved", root.path() / "magi");
     std::filesystem::create_directory(root.path() / "magi" / "C");
-    const auto recipeRefused = store.add("C", "cé");
-    ASSERT_TRUE(recipeRefused);
-    EXPECT_TRUE(utf8(recipeRefused->text).starts_with("A recept nem menthető: "));
+    EXPECT_TRUE(refusal(store.add("C", "cé")).starts_with("A recept nem menthető: "));
     EXPECT_EQ(root.read("magi/MagiList.txt"), "A\r\nC\r\n");
     EXPECT_TRUE(std::filesystem::is_directory(root.path() / "magi" / "C"));
-}
-
-TEST(MagiStore, ListLinesKeepTheirBytesAndALastLineWithoutLineEndCounts)
-{
-    EXPECT_EQ(parseRecipeList("A\r\nB\nC"), (std::vector<std::string>{"A", "B", "C"}));
-    EXPECT_EQ(parseRecipeList("A\r\n\r\n"), (std::vector<std::string>{"A", ""}));
-    EXPECT_TRUE(parseRecipeList("").empty());
 }
 
 }  // namespace

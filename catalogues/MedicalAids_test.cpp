@@ -36,11 +36,8 @@ const std::string kStandard =
 
 TEST(DescribeAid, BuildsEveryLineWithItsOwnBlanksAndCommas)
 {
-    struct Case {
-        const char* what;
-        std::string line;
-        std::string expected;  // UTF-8
-    };
+    // What the line holds, the line, and the description in UTF-8.
+    using Case = std::tuple<const char*, std::string, std::string>;
     const std::string tail =
         "\r\n---Felírható mennyiség: Normativ=1 ,emelt=2,kiemelt=3"
         "\r\n---Kihordási idő: Normativ=12, emelt= 24,kiemelt=36  hónap";
@@ -72,10 +69,8 @@ TEST(DescribeAid, BuildsEveryLineWithItsOwnBlanksAndCommas)
         {"only code", "0101", " " + unsupported + kStandard + noQuantities},
     };
     const MessageTable table = messages();
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        EXPECT_EQ(utf8(describeAid(cp(c.line), {}, table)), c.expected);
-    }
+    for (const auto& [what, line, expected] : cases)
+        EXPECT_EQ(utf8(describeAid(cp(line), {}, table)), expected) << what;
 }
 
 TEST(DescribeAid, NotesApplyByPrefixInFileOrderAndStopAtTheFirstCodeAfterTheAid)
@@ -102,17 +97,13 @@ TEST(DescribeAid, NotesApplyByPrefixInFileOrderAndStopAtTheFirstCodeAfterTheAid)
 
 TEST(AidNotes, HeadingsByKindFromOneAndFieldsThatAreMissing)
 {
-    EXPECT_EQ(utf8(aidNoteHeading(1)), "Normatív");
-    EXPECT_EQ(utf8(aidNoteHeading(4)), "Egyedi méltányosság");
-    EXPECT_EQ(utf8(aidNoteHeading(5)), "Kölcsönözhető");
-    EXPECT_EQ(aidNoteHeading(0), "");
-    EXPECT_EQ(aidNoteHeading(6), "");
-    const auto notes = parseAidNotes("0102030405060708\t2\tx~~y\r\nno tabs\r\n07\tabc\r\n\r\n");
-    ASSERT_EQ(notes.size(), 4u);
-    EXPECT_EQ(notes[0], (AidNote{"0102030405", 2, "x\r\ny"}));
-    EXPECT_EQ(notes[1], (AidNote{"no tabs", 0, ""}));
-    EXPECT_EQ(notes[2], (AidNote{"07", 0, ""}));
-    EXPECT_EQ(notes[3], (AidNote{"", 0, ""}));
+    std::vector<std::string> headings;
+    for (int kind = 0; kind <= 6; ++kind) headings.push_back(utf8(aidNoteHeading(kind)));
+    EXPECT_EQ(headings, (std::vector<std::string>{"", "Normatív", "EÜ emelt", "EÜ kiemelt",
+                                                  "Egyedi méltányosság", "Kölcsönözhető", ""}));
+    EXPECT_EQ(
+        parseAidNotes("0102030405060708\t2\tx~~y\r\nno tabs\r\n07\tabc\r\n\r\n"),
+        (std::vector<AidNote>{{"0102030405", 2, "x\r\ny"}, {"no tabs", 0, ""}, {"07", 0, ""}, {"", 0, ""}}));
 }
 
 // A catalogue of two classes: 01 (groups 0101 and 0102) and 02, whose group 0201 has no aids.
@@ -193,8 +184,7 @@ TEST_F(AidCatalogueFiles, BadPositionsAndShortFilesListNothingAndNeverReadPastTh
 {
     struct Case {
         const char* what;
-        std::string positions;
-        std::string seDat;
+        std::string positions, seDat;
         std::size_t listedInGroup1;
     };
     const Case cases[] = {
