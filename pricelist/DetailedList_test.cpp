@@ -82,7 +82,7 @@ TEST_F(DetailedListTest, PlainFillSortsByTheDailyCostOfTheGroupSeen)
                                                        18, 19, 21, 24, 26, 28, 29, 30, 31, 32}));
 }
 
-TEST_F(DetailedListTest, NormativeListingShowsTheSelectedRowsGroupAcrossTheBroaderGroup)
+TEST_F(DetailedListTest, NormativeListingShowsTheSelectedRowsGroupAcrossTheBroaderGroupOrNeedsARow)
 {
     DetailedList list(m_tables);
     (void)list.bFillSameAtc("C08CA-01", ListingMode::Plain);
@@ -99,11 +99,8 @@ TEST_F(DetailedListTest, NormativeListingShowsTheSelectedRowsGroupAcrossTheBroad
     (void)list.bFillSameAtc("C08CA-01", ListingMode::Plain);
     (void)list.fixedGroupClick(SupportKind::Normative, rowOf(list, "DELTA 5 MG"));
     EXPECT_EQ(names(list), (std::vector<std::string>{"GAMMA 5 MG", "ZETA 5 MG", "ETA 5 MG"}));
-}
 
-TEST_F(DetailedListTest, FixedGroupButtonNeedsASelectedRowAndAFullCode)
-{
-    DetailedList list(m_tables);
+    // The button needs a selected row and a full code.
     (void)list.bFillSameAtc("C08CA-01", ListingMode::Plain);
     const auto before = names(list);
     EXPECT_EQ(texts(list.fixedGroupClick(SupportKind::Normative, -1)),
@@ -113,33 +110,29 @@ TEST_F(DetailedListTest, FixedGroupButtonNeedsASelectedRowAndAFullCode)
 
     (void)list.bFillSameAtc("C08CA-", ListingMode::Plain);
     const auto broader = names(list);
-    const FillOutcome outcome = list.fixedGroupClick(SupportKind::Normative, 0);
-    EXPECT_TRUE(outcome.messages.empty());
-    EXPECT_FALSE(outcome.changed);
+    const FillOutcome unchanged = list.fixedGroupClick(SupportKind::Normative, 0);
+    EXPECT_TRUE(unchanged.messages.empty());
+    EXPECT_FALSE(unchanged.changed);
     EXPECT_EQ(names(list), broader);
 }
 
 TEST_F(DetailedListTest, EmptyGroupsSayNincsIlyen)
 {
-    struct Case {
-        const char* what;
-        const char* code;
-        bool hide;
-        std::size_t rows;
-    };
+    // What the code is, the code, whether TT packages are hidden, and the rows left.
+    using Case = std::tuple<const char*, const char*, bool, std::size_t>;
     const Case cases[] = {
         {"group without products keeps the old rows", "N", false, 4},
         {"code that is no group keeps the old rows", "Q99", false, 4},
         {"every package TT and hidden empties the list", "C08CB-01", true, 0},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, code, hide, rows] : cases) {
+        SCOPED_TRACE(what);
         DetailedList list(m_tables);
         (void)list.bFillSameAtc("C08CA-01", ListingMode::Plain);
-        list.setHideDeleted(c.hide);
-        EXPECT_EQ(texts(list.bFillSameAtc(c.code, ListingMode::Plain)),
+        list.setHideDeleted(hide);
+        EXPECT_EQ(texts(list.bFillSameAtc(code, ListingMode::Plain)),
                   (std::vector<std::string>{"Nincs ilyen,vagy minden kiszer. TT"}));
-        EXPECT_EQ(list.rows().size(), c.rows);
+        EXPECT_EQ(list.rows().size(), rows);
     }
     DetailedList shown(m_tables);
     EXPECT_TRUE(shown.bFillSameAtc("C08CB-01", ListingMode::Plain).messages.empty());
@@ -148,40 +141,30 @@ TEST_F(DetailedListTest, EmptyGroupsSayNincsIlyen)
 
 TEST(DetailedListLimit, The601stEntryIsTheLastAndSaysSo)
 {
-    struct Case {
-        const char* code;
-        int products;
-        std::size_t rows;
-        bool message;
-    };
-    const Case cases[] = {{"A", 600, 600, false}, {"B", 601, 601, true}, {"D", 602, 601, true}};
+    // The group, its products, the rows listed, and whether the list says it is cut.
+    const std::tuple<const char*, int, std::size_t, bool> cases[] = {
+        {"A", 600, 600, false}, {"B", 601, 601, true}, {"D", 602, 601, true}};
+    const Message tooMany{
+        utf8ToCp1250("A csoportba 600-nál több kiszerelés tartozik, csak az első 601 látszik!"),
+        utf8ToCp1250("Részletes lista"), MessageIcon::Information, true};
     EngineDatabase database;
-    for (const Case& c : cases) {
-        database.atcGroups.emplace_back(c.code, c.code);
-        for (int i = 0; i < c.products; ++i) {
+    for (const auto& [group, products, rows, cut] : cases) {
+        database.atcGroups.emplace_back(group, group);
+        for (int i = 0; i < products; ++i) {
             char code[16];
-            std::snprintf(code, sizeof code, "%s%09d", c.code, i);
+            std::snprintf(code, sizeof code, "%s%09d", group, i);
             database.products.push_back(detailedListProduct(code, code, "155", "0", "100\r\n0"));
         }
     }
     testing::ScratchDirectory directory;
     database.write(directory);
     const StartupTables tables = loadStartupTables(directory.path(), directory.path() / "no-user.ini");
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.code);
+    for (const auto& [group, products, rows, cut] : cases) {
+        SCOPED_TRACE(group);
         DetailedList list(tables);
-        const FillOutcome outcome = list.bFillSameAtc(c.code, ListingMode::Plain);
-        EXPECT_EQ(list.rows().size(), c.rows);
-        if (c.message) {
-            ASSERT_EQ(outcome.messages.size(), 1u);
-            EXPECT_EQ(cp1250ToUtf8(outcome.messages[0].text),
-                      "A csoportba 600-nál több kiszerelés tartozik, csak az első 601 látszik!");
-            EXPECT_EQ(cp1250ToUtf8(outcome.messages[0].caption), "Részletes lista");
-            EXPECT_EQ(outcome.messages[0].icon, MessageIcon::Information);
-            EXPECT_TRUE(outcome.messages[0].taskModal);
-        } else {
-            EXPECT_TRUE(outcome.messages.empty());
-        }
+        const FillOutcome outcome = list.bFillSameAtc(group, ListingMode::Plain);
+        EXPECT_EQ(list.rows().size(), rows);
+        EXPECT_EQ(outcome.messages, cut ? std::vector<Message>{tooMany} : std::vector<Message>{});
     }
 }
 

@@ -37,9 +37,11 @@ struct Product {
     }
 };
 
-// The cells of `columns` in UTF-8 joined by '|', and the fixed groups seen, of the product's row.
-std::string cellsOf(const Product& product, const std::vector<int>& columns, FixedGroupState& groups)
+// The cells of `columns` in UTF-8 joined by '|' of the product's row, and the fixed groups seen into `seen`.
+std::string cellsOf(const Product& product, const std::vector<int>& columns, FixedGroupState* seen = nullptr)
 {
+    FixedGroupState own;
+    FixedGroupState& groups = seen ? *seen : own;
     const auto row = GetDailyPrice(product.lines(), 42, "AMLODIPIN 5 MG", ListingMode::Plain, false, groups);
     EXPECT_TRUE(row.has_value());
     std::string cells;
@@ -78,11 +80,8 @@ TEST(GetDailyPrice, PricesAndDailyCostsFollowTheirFormats)
          "1000|800|200||100|900||||"},
         {"support amount 0 leaves the cells empty", {.supports = "_A 0"}, "1000|800|200|20.0||||||"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        FixedGroupState groups;
-        EXPECT_EQ(cellsOf(c.product, {1, 2, 3, 4, 7, 8, 9, 12, 13, 14}, groups), c.cells);
-    }
+    for (const Case& c : cases)
+        EXPECT_EQ(cellsOf(c.product, {1, 2, 3, 4, 7, 8, 9, 12, 13, 14}), c.cells) << c.what;
 }
 
 TEST(GetDailyPrice, CategoriesGroupsAndTfxWords)
@@ -109,18 +108,15 @@ TEST(GetDailyPrice, CategoriesGroupsAndTfxWords)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.product.categories);
         FixedGroupState groups;
-        EXPECT_EQ(cellsOf(c.product, {5, 10, 15, 6, 11, 16, 25}, groups), c.cells);
+        EXPECT_EQ(cellsOf(c.product, {5, 10, 15, 6, 11, 16, 25}, &groups), c.cells);
         EXPECT_EQ(groups.seen, c.seen);
     }
 }
 
 TEST(GetDailyPrice, WordsAndMarks)
 {
-    struct Case {
-        Product product;
-        const char* cells;  // dispensing word, public care, TT, new, DOT rating
-    };
-    const Case cases[] = {
+    // The product, and its dispensing word, public care, TT, new and DOT rating cells.
+    const std::pair<Product, const char*> cases[] = {
         {{.dispensing = "1", .publicCare = "1", .deleted = "1", .fresh = "0", .rating = "-1"},
          "VN|I|TT|*|C.É. ALATT"},
         {{.dispensing = "2", .rating = "0"}, "V||||NEM ÉRT."},
@@ -132,11 +128,8 @@ TEST(GetDailyPrice, WordsAndMarks)
         {{.dispensing = "9"}, "||||NEM ÉRT."},   // 9 is no word
         {{.dispensing = "12"}, "||||NEM ÉRT."},  // nor are two digits
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.product.dispensing);
-        FixedGroupState groups;
-        EXPECT_EQ(cellsOf(c.product, {17, 18, 19, 26, 34}, groups), c.cells);
-    }
+    for (const auto& [product, cells] : cases)
+        EXPECT_EQ(cellsOf(product, {17, 18, 19, 26, 34}), cells) << product.dispensing;
 }
 
 TEST(GetDailyPrice, ListingModeAndHideTtSkipProducts)

@@ -80,23 +80,19 @@ TEST(RefSort, EachComparisonClassOrdersAsTheListShowsIt)
 
 TEST(RefSort, ANonIntegerCellStopsTheSortWithTheConversionError)
 {
-    struct Case {
-        const char* what;
-        std::vector<std::string> cells;
-        std::string bad;
-    };
-    const Case cases[] = {
+    // What the column holds, its cells, and the cell that stops the sort.
+    const std::tuple<const char*, std::vector<std::string>, std::string> cases[] = {
         {"a dash", {"3", "-", "1"}, "-"},
         {"a decimal", {"3", "1.5", "1"}, "1.5"},
         {"trailing text", {"12a", "3"}, "12a"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        auto rows = rowsOf(22, c.cells);
+    for (const auto& [what, cells, bad] : cases) {
+        SCOPED_TRACE(what);
+        auto rows = rowsOf(22, cells);
         const auto before = order(rows);
         const auto error = sortRows(rows, 22);
         ASSERT_TRUE(error);
-        EXPECT_EQ(error->text, "'" + c.bad + "'" + utf8ToCp1250(" nem érvényes egész szám"));
+        EXPECT_EQ(error->text, "'" + bad + "'" + utf8ToCp1250(" nem érvényes egész szám"));
         EXPECT_EQ(order(rows), before);
     }
     // One row is never compared, so it raises nothing.
