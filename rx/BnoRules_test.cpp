@@ -73,17 +73,14 @@ TEST(BnoCheck, EveryPathEndsInItsOwnMessage)
     }
 }
 
-TEST(BnoCheck, MissingFileIsNamedOnlyWhenTheKeysNeedIt)
+TEST(BnoCheck, AMissingFileIsNamedOnlyWhenTheKeysNeedItAndLinesAreReadThroughTheirBuffer)
 {
     testing::ScratchDirectory empty;
     EXPECT_EQ(text(checkBno(empty.path(), {"EU10", ""}, "E1190", false, 3).message), "BNOHR.DAT hiányzik.");
     EXPECT_EQ(text(checkBno(empty.path(), {"", ""}, "E1190", false, 3).message),
               "Nem rendelhető rendelet szerinti támogatással.");
     EXPECT_TRUE(checkBno(empty.path(), {"EU10", ""}, "E1190", false, 2).accepted);
-}
 
-TEST(BnoCheck, LinesAreReadThroughTheirBuffer)
-{
     // A CR before the LF is no part of the code; a line over 1,023 bytes is cut, its tail is no rule.
     const std::string rules = "EU10 E1190\r\nEU11 " + std::string(1100, 'A') + "\nEU12 K2900";
     EXPECT_TRUE(checkBnoText(rules, {"EU10", ""}, "E1190", false, 3).accepted);

@@ -36,10 +36,7 @@ TEST(BnoTree, ACodeIsFoundOnlyAsAWholeCodeAtTheStartOfANode)
         {"IX. f", std::nullopt},  // a chapter title holds no code
         {"", std::nullopt},
     };
-    for (const auto& [code, expected] : cases) {
-        SCOPED_TRACE(code);
-        EXPECT_EQ(findBnoCode(nodes, code), expected);
-    }
+    for (const auto& [code, expected] : cases) EXPECT_EQ(findBnoCode(nodes, code), expected) << code;
 }
 
 TEST(BnoTree, SearchInTreeAndListMode)

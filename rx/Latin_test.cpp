@@ -26,21 +26,14 @@ TEST(Latin, TableEntriesAndTheirNeighbours)
         {501, "Nem tudom konvertálni, kérem írja be!"},
         {-30, "Nem tudom konvertálni, kérem írja be!"},
     };
-    for (const auto& [number, expected] : cases) {
-        SCOPED_TRACE(number);
-        EXPECT_EQ(cp1250ToUtf8(latinQuantity(number)), expected);
-    }
+    for (const auto& [number, expected] : cases)
+        EXPECT_EQ(cp1250ToUtf8(latinQuantity(number)), expected) << number;
 }
 
 TEST(Latin, QuantityChangeWritesLatinAndTheMonthsLine)
 {
-    struct Case {
-        const char* text;
-        float days;
-        const char* latin;  // "" = not set
-        const char* months;
-        const char* error;
-    };
+    // The quantity typed, the days of one supply, and the Latin, the months line and the error ("": not set).
+    using Case = std::tuple<const char*, float, const char*, const char*, const char*>;
     const Case cases[] = {
         {"", 30, "", "", ""},
         {"30", 30, "triginta (XXX)", "30 hónapos adag", ""},
@@ -54,12 +47,12 @@ TEST(Latin, QuantityChangeWritesLatinAndTheMonthsLine)
         {"2.5", 30, "", "", "'2.5' nem érvényes egész szám."},
         {"99999999999999999999", 30, "", "", "'99999999999999999999' nem érvényes egész szám."},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.text);
-        const QuantityChange change = quantityChanged(c.text, c.days);
-        EXPECT_EQ(change.latin ? cp1250ToUtf8(*change.latin) : "", c.latin);
-        EXPECT_EQ(change.monthsLine ? cp1250ToUtf8(*change.monthsLine) : "", c.months);
-        EXPECT_EQ(change.error ? cp1250ToUtf8(change.error->text) : "", c.error);
+    for (const auto& [text, days, latin, months, error] : cases) {
+        SCOPED_TRACE(text);
+        const QuantityChange change = quantityChanged(text, days);
+        EXPECT_EQ(change.latin ? cp1250ToUtf8(*change.latin) : "", latin);
+        EXPECT_EQ(change.monthsLine ? cp1250ToUtf8(*change.monthsLine) : "", months);
+        EXPECT_EQ(change.error ? cp1250ToUtf8(change.error->text) : "", error);
     }
 }
 

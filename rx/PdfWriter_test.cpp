@@ -14,8 +14,15 @@ namespace
 using testing::pdfWords;
 using testing::textAt;
 
-TEST(PdfWriter, SidewaysPagesAreLandscapeA4AndEveryPageIsWritten)
+TEST(PdfWriter, SidewaysPagesAreLandscapeA4AndEveryPageIsWrittenUnlessTheFileIsRefused)
 {
+    testing::ScratchDirectory directory;
+    directory.write("file", "");
+    const auto unwritable = directory.path() / "file" / "rx.pdf";
+    const auto refused = writePdf(unwritable, PrintLayout{});
+    ASSERT_TRUE(refused);
+    EXPECT_EQ(cp1250ToUtf8(*refused), "A PDF fájl nem írható: " + unwritable.string());
+
     PrintLayout layout;
     layout.orientation = PageOrientation::Sideways;
     layout.pages.resize(3);
@@ -25,22 +32,11 @@ TEST(PdfWriter, SidewaysPagesAreLandscapeA4AndEveryPageIsWritten)
     EXPECT_NE(pdf.find("/MediaBox [0 0 841.89 595.28]"), std::string::npos);
     EXPECT_NE(pdf.find("/Count 3"), std::string::npos);
     ROVANEL_SKIP_READING_PDF();
-    testing::ScratchDirectory directory;
     ASSERT_FALSE(writePdf(directory.path() / "p.pdf", layout));
     const auto words = pdfWords(directory.path() / "p.pdf");
     EXPECT_EQ(textAt(words, 100 * kMillimetresPerLayoutUnit, 100 * kMillimetresPerLayoutUnit, 3),
               "(zárójel) \\ vége");
     EXPECT_EQ(pdfDocument(layout), pdf);  // the same bytes each time
-}
-
-TEST(PdfWriter, AnUnwritableFileIsRefusedWithTheReason)
-{
-    testing::ScratchDirectory directory;
-    directory.write("file", "");
-    const auto file = directory.path() / "file" / "rx.pdf";
-    const auto refused = writePdf(file, PrintLayout{});
-    ASSERT_TRUE(refused);
-    EXPECT_EQ(cp1250ToUtf8(*refused), "A PDF fájl nem írható: " + file.string());
 }
 
 }  // namespace

@@ -16,12 +16,7 @@ TEST(Tamttt, EntryIsFoundAsASubstringAndCutIntoFourFields)
         "200000002;1010100000;EU10,_EU13/b;\r\n"
         "200000003;10101\n"
         "200000004";
-    struct Case {
-        const char* key;
-        bool found;
-        const char* flags;
-        RegulationKeys keys;
-    };
+    using Case = std::tuple<const char*, bool, const char*, RegulationKeys>;
     const Case cases[] = {
         {"200000001", true, "1011111000", {"EU10", "_EU13/b"}},  // no CR in the free key
         {"200000002", true, "1010100000", {"", "EU10,_EU13/b"}},
@@ -31,12 +26,12 @@ TEST(Tamttt, EntryIsFoundAsASubstringAndCutIntoFourFields)
         {"", false, "0000000000", {"", ""}},          // an empty key is no key
         {"1111000;", true, "_EU13/b", {"", "EU10"}},  // the first occurrence, wherever it stands
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.key);
-        const TamtttEntry entry = lookupTamttt(file, c.key);
-        EXPECT_EQ(entry.found, c.found);
-        EXPECT_EQ(entry.flags, c.flags);
-        EXPECT_EQ(entry.keys, c.keys);
+    for (const auto& [key, found, flags, keys] : cases) {
+        SCOPED_TRACE(key);
+        const TamtttEntry entry = lookupTamttt(file, key);
+        EXPECT_EQ(entry.found, found);
+        EXPECT_EQ(entry.flags, flags);
+        EXPECT_EQ(entry.keys, keys);
     }
 }
 
@@ -59,9 +54,7 @@ TEST(Qualification, CheckOutcomesInOrder)
     struct Case {
         const char* what;
         std::vector<std::string> qualifications;
-        const char* designation;
-        const char* recommendation;
-        const char* flag;
+        const char *designation, *recommendation, *flag;
         bool accepted;
         const char* message;
     };

@@ -98,8 +98,7 @@ TEST(PrescriptionLayout, FormatChoosesLayoutCaptionAndOrientation)
 {
     struct Case {
         RxFormat format;
-        const char* name;
-        const char* caption;
+        const char *name, *caption;
         PageOrientation orientation;
         bool hasRecommendationBoxes;
         const char* formatCaption;
@@ -207,54 +206,44 @@ TEST(PrescriptionLayout, PrintingTwicePrintsAtTheSamePlace)
 
 TEST(RxMargins, NegativeShiftsAreStoredAsThousandMinusTheShift)
 {
-    struct Case {
-        int shift;
-        std::uint32_t stored;
-    };
-    const Case cases[] = {{0, 0}, {160, 160}, {1000, 1000}, {-5, 1005}, {-12, 1012}, {-1, 1001}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.shift);
-        EXPECT_EQ(storedMargin(c.shift), c.stored);
-        EXPECT_EQ(marginFromStored(c.stored), c.shift);
+    const std::pair<int, std::uint32_t> cases[] = {{0, 0},     {160, 160},  {1000, 1000},
+                                                   {-5, 1005}, {-12, 1012}, {-1, 1001}};
+    for (const auto& [shift, stored] : cases) {
+        SCOPED_TRACE(shift);
+        EXPECT_EQ(storedMargin(shift), stored);
+        EXPECT_EQ(marginFromStored(stored), shift);
     }
     // Damaged values stay far outside any page rather than wrap.
     EXPECT_EQ(marginFromStored(4294967295LL), -99000);
 }
 
-TEST(RxPrintSettings, MarginsFormatAndModeSurviveARestart)
+TEST(RxPrintSettings, AMissingSettingKeepsItsDefaultAndWrittenOnesSurviveARestart)
 {
     testing::ScratchDirectory directory;
     const auto file = directory.path() / "registry.ini";
-    {
-        auto store = openRegistryFile(file);
-        ASSERT_FALSE(EnsureRegistryDefaults(*store));
-        const RxPrintSettingsRead defaults = readRxPrintSettings(*store);
-        EXPECT_FALSE(defaults.error);
-        EXPECT_EQ(defaults.settings.margins, RxMargins{});
-        EXPECT_EQ(defaults.settings.format, RxFormat::Old);
-        EXPECT_EQ(defaults.settings.printMode, 0);
-        EXPECT_FALSE(writeRxMargins(*store, RxMargins{-12, 1000, 0, -1, 655, 8}));
-        EXPECT_FALSE(writeRxFormat(*store, RxFormat::NewSideways));
-        EXPECT_FALSE(writeRxPrintMode(*store, 1));
-        EXPECT_EQ(RegReadInteger(*store, "\\Software\\Rovanel\\RpData\\LeftAlloRegi").value, 1012);
-    }
-    auto restarted = openRegistryFile(file);
-    const RxPrintSettingsRead read = readRxPrintSettings(*restarted);
+    auto store = openRegistryFile(file);
+    const RxPrintSettingsRead missing = readRxPrintSettings(*store);
+    ASSERT_TRUE(missing.error);
+    EXPECT_EQ(cp1250ToUtf8(missing.error->text), kRegistryNotFoundText);
+    EXPECT_EQ(missing.settings.margins, RxMargins{});
+    EXPECT_TRUE(writeRxMargins(*store, RxMargins{}));  // a writer never creates a missing setting
+
+    ASSERT_FALSE(EnsureRegistryDefaults(*store));
+    const RxPrintSettingsRead defaults = readRxPrintSettings(*store);
+    EXPECT_FALSE(defaults.error);
+    EXPECT_EQ(defaults.settings.margins, RxMargins{});
+    EXPECT_EQ(defaults.settings.format, RxFormat::Old);
+    EXPECT_EQ(defaults.settings.printMode, 0);
+    EXPECT_FALSE(writeRxMargins(*store, RxMargins{-12, 1000, 0, -1, 655, 8}));
+    EXPECT_FALSE(writeRxFormat(*store, RxFormat::NewSideways));
+    EXPECT_FALSE(writeRxPrintMode(*store, 1));
+    EXPECT_EQ(RegReadInteger(*store, "\\Software\\Rovanel\\RpData\\LeftAlloRegi").value, 1012);
+    store.reset();
+    const RxPrintSettingsRead read = readRxPrintSettings(*openRegistryFile(file));
     EXPECT_FALSE(read.error);
     EXPECT_EQ(read.settings.margins, (RxMargins{-12, 1000, 0, -1, 655, 8}));
     EXPECT_EQ(read.settings.format, RxFormat::NewSideways);
     EXPECT_EQ(read.settings.printMode, 1);
-}
-
-TEST(RxPrintSettings, AMissingSettingKeepsItsDefaultAndReportsTheError)
-{
-    testing::ScratchDirectory directory;
-    auto store = openRegistryFile(directory.path() / "registry.ini");
-    const RxPrintSettingsRead read = readRxPrintSettings(*store);
-    ASSERT_TRUE(read.error);
-    EXPECT_EQ(cp1250ToUtf8(read.error->text), kRegistryNotFoundText);
-    EXPECT_EQ(read.settings.margins, RxMargins{});
-    EXPECT_TRUE(writeRxMargins(*store, RxMargins{}));  // a writer never creates a missing setting
 }
 
 }  // namespace

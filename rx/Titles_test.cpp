@@ -22,8 +22,7 @@ TEST(Titles, RelabellingFollowsTheFlagsInTableOrder)
     struct Case {
         const char* what;
         bool layoutA;
-        const char* flags;
-        const char* expected;  // the ten captions joined by '|'
+        const char *flags, *expected;  // expected: the ten captions joined by '|'
     };
     const Case cases[] = {
         {"A: all zero", true, "00000000000", "Normatív|-|-|-|-|-|Teljes ár|-|-|Egyedi támogatás"},
@@ -60,12 +59,9 @@ TEST(Titles, ChoosingATitle)
 {
     TitleCaptions captions = defaultTitleCaptions();
     relabelLayoutA(captions, std::string_view("00000000011"));  // only 4 and 5 open
-    struct Case {
-        int index, source;
-        bool codeTable;
-        const char* message;
-        bool openBnoCodes;
-    };
+    // The title, the prescription's source, whether the button still reads "Kódtábla", the message, and
+    // whether the BNO code list opens.
+    using Case = std::tuple<int, int, bool, const char*, bool>;
     const Case cases[] = {
         {1, 3, true, "Nem rendelhető ilyen jogcímen", false},
         {4, 3, true, "", true},
@@ -75,11 +71,11 @@ TEST(Titles, ChoosingATitle)
         {4, 3, false, "", false},  // the button already reads "Beilleszt"
         {0, 3, true, "", false},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.index * 100 + c.source);
-        const TitleChoice choice = titleChosen(captions, c.index, c.source, c.codeTable);
-        EXPECT_EQ(choice.message ? cp1250ToUtf8(choice.message->text) : "", c.message);
-        EXPECT_EQ(choice.openBnoCodes, c.openBnoCodes);
+    for (const auto& [index, source, codeTable, message, openBnoCodes] : cases) {
+        SCOPED_TRACE(index * 100 + source);
+        const TitleChoice choice = titleChosen(captions, index, source, codeTable);
+        EXPECT_EQ(choice.message ? cp1250ToUtf8(choice.message->text) : "", message);
+        EXPECT_EQ(choice.openBnoCodes, openBnoCodes);
     }
     EXPECT_TRUE(isFeePayingTitle(5) && isFeePayingTitle(8) && !isFeePayingTitle(4) && !isFeePayingTitle(7));
 }
