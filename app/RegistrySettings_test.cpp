@@ -47,9 +47,8 @@ TEST_F(RegistryFile, CleanProfileGetsOneSectionPerKeyWithTheValueNamedByTheFullP
 
 TEST_F(RegistryFile, KeyWithoutItsValueIsNotRepairedAndReadsGiveTheError)
 {
-    ASSERT_FALSE(m_store->createKey("\\Software\\Rovanel\\UpgShow").has_value());
-    ASSERT_FALSE(m_store->createKey("\\Software\\Rovanel\\HttpProxy").has_value());
-    ASSERT_FALSE(m_store->createKey("\\Software\\Rovanel\\Version").has_value());
+    for (const char* key : {"UpgShow", "HttpProxy", "Version"})
+        ASSERT_FALSE(m_store->createKey(std::string("\\Software\\Rovanel\\") + key).has_value());
     ASSERT_FALSE(RegWriteString(*m_store, "\\Software\\Rovanel\\Version", "20240131").has_value());
     ASSERT_FALSE(EnsureRegistryDefaults(*m_store).has_value());
     EXPECT_EQ(RegReadString(*m_store, "\\Software\\Rovanel\\Version").value, "20240131")

@@ -75,9 +75,8 @@ TEST(UpdateNotice, NewlyInstalledDatabaseIsRememberedAndReArmsTheNotice)
     const NoticeOutcome failed = evaluateNoticeReply(*store, reply, "20261101", true);
     EXPECT_TRUE(failed.registryFailed);
     EXPECT_TRUE(failed.titleSuffix.empty());
-    ASSERT_EQ(failed.messages.size(), 1u);
-    EXPECT_EQ(failed.messages[0],
-              (Message{utf8ToCp1250("Az adat érvénytelen."), "Rovanel", MessageIcon::Stop}));
+    EXPECT_EQ(failed.messages,
+              (std::vector<Message>{{utf8ToCp1250("Az adat érvénytelen."), "Rovanel", MessageIcon::Stop}}));
     auto empty = openRegistryFile(directory.path() / "empty.ini");
     EXPECT_TRUE(evaluateNoticeReply(*empty, reply, "20261101", false).registryFailed);
 }

@@ -59,13 +59,8 @@ TEST(ParseFonoItem, StylesEachLineByTheFirstLabelItHolds)
 
 TEST(ParseFonoItem, MissingMarkersAndLongLinesNeverBorrowTheNextItem)
 {
-    struct Case {
-        const char* what;
-        std::string file;
-        std::uint64_t offset;
-        std::string name;
-        std::size_t lines;
-    };
+    // What the file lacks, the file, the offset read from, and the item name and line count found.
+    using Case = std::tuple<const char*, std::string, std::uint64_t, std::string, std::size_t>;
     const std::string longName(300, 'N');
     const Case cases[] = {
         {"no #1 at all", "szöveg\r\nmég\r\n", 0, "", 0},
@@ -77,11 +72,11 @@ TEST(ParseFonoItem, MissingMarkersAndLongLinesNeverBorrowTheNextItem)
         {"offset inside an item finds the next #1", "#1\r\nA\r\n#2\r\na\r\n#1\r\nB\r\n#2\r\nb\r\n", 3, "B",
          1},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        const FonoItem item = parseFonoItem(cp(c.file), c.offset);
-        EXPECT_EQ(item.name, c.name);
-        EXPECT_EQ(item.lines.size(), c.lines);
+    for (const auto& [what, file, offset, name, lines] : cases) {
+        SCOPED_TRACE(what);
+        const FonoItem item = parseFonoItem(cp(file), offset);
+        EXPECT_EQ(item.name, name);
+        EXPECT_EQ(item.lines.size(), lines);
     }
 }
 

@@ -89,8 +89,7 @@ TEST(DescribeAid, NotesApplyByPrefixInFileOrderAndStopAtTheFirstCodeAfterTheAid)
         "\r\n---Normatív---\r\n osztály"
         "\r\n---EÜ emelt---\r\n csoport\r\nmásodik sor"
         "\r\n---EÜ kiemelt---\r\n alcsoport";
-    ASSERT_GE(text.size(), expectedNotes.size());
-    EXPECT_EQ(text.substr(text.size() - expectedNotes.size()), expectedNotes);
+    EXPECT_TRUE(text.ends_with(expectedNotes)) << text;
     EXPECT_EQ(text.find("túl hosszú"), std::string::npos);
     EXPECT_EQ(text.find("soha"), std::string::npos);
 }
@@ -182,11 +181,8 @@ TEST_F(AidCatalogueFiles, GroupsListTheirRunDescriptionsAndSearchesFindTheirAids
 
 TEST_F(AidCatalogueFiles, BadPositionsAndShortFilesListNothingAndNeverReadPastTheEnd)
 {
-    struct Case {
-        const char* what;
-        std::string positions, seDat;
-        std::size_t listedInGroup1;
-    };
+    // What is wrong, sepos.dat, se.dat ("": missing), and the aids listed in group 1.
+    using Case = std::tuple<const char*, std::string, std::string, std::size_t>;
     const Case cases[] = {
         {"offset past the end", "0\r\n999999\r\n", se, 0},
         {"offset negative", "0\r\n-5\r\n", se, 0},
@@ -195,15 +191,15 @@ TEST_F(AidCatalogueFiles, BadPositionsAndShortFilesListNothingAndNeverReadPastTh
         {"se.dat cut inside the second line", "0\r\n0\r\n", se.substr(0, se.find("Boka") + 2), 2},
         {"se.dat missing", "0\r\n0\r\n", "", 0},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        write("sepos.dat", c.positions);
-        if (c.seDat.empty())
+    for (const auto& [what, positions, seDat, listedInGroup1] : cases) {
+        SCOPED_TRACE(what);
+        write("sepos.dat", positions);
+        if (seDat.empty())
             directory.remove("se.dat");
         else
-            write("se.dat", c.seDat);
+            write("se.dat", seDat);
         const AidCatalogue catalogue = load();
-        EXPECT_EQ(listAidGroup(catalogue, 1).size(), c.listedInGroup1);
+        EXPECT_EQ(listAidGroup(catalogue, 1).size(), listedInGroup1);
         EXPECT_EQ(aidDescription(catalogue, messages(), 1, "019999"), std::nullopt);
     }
 }

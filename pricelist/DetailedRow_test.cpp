@@ -52,12 +52,9 @@ std::string cellsOf(const Product& product, const std::vector<int>& columns, Fix
 
 TEST(GetDailyPrice, PricesAndDailyCostsFollowTheirFormats)
 {
-    struct Case {
-        const char* what;
-        Product product;
-        const char* cells;  // full price, normative support, payable, daily cost; the same three for the
-                            // increased support and for the highlighted support
-    };
+    // The cells: full price, normative support, payable, daily cost; the same three for the increased support
+    // and for the highlighted support.
+    using Case = std::tuple<const char*, Product, const char*>;
     const Case cases[] = {
         {"plain normative support", {}, "1000|800|200|20.0||||||"},
         {"full price 0: payable 0, no daily cost", {.price = "0", .normative = "0"}, "0||0|||||||"},
@@ -80,17 +77,14 @@ TEST(GetDailyPrice, PricesAndDailyCostsFollowTheirFormats)
          "1000|800|200||100|900||||"},
         {"support amount 0 leaves the cells empty", {.supports = "_A 0"}, "1000|800|200|20.0||||||"},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(cellsOf(c.product, {1, 2, 3, 4, 7, 8, 9, 12, 13, 14}), c.cells) << c.what;
+    for (const auto& [what, product, cells] : cases)
+        EXPECT_EQ(cellsOf(product, {1, 2, 3, 4, 7, 8, 9, 12, 13, 14}), cells) << what;
 }
 
 TEST(GetDailyPrice, CategoriesGroupsAndTfxWords)
 {
-    struct Case {
-        Product product;
-        const char* cells;  // categories (R, RTK, RTM), their fixed-group ids, the TFX words
-        std::array<bool, 3> seen;
-    };
+    // The cells: categories (R, RTK, RTM), their fixed-group ids, the TFX words; and the groups seen.
+    using Case = std::tuple<Product, const char*, std::array<bool, 3>>;
     const Case cases[] = {
         {{.categories = "155"}, "1||||||", {false, false, false}},
         {{.categories = "-33", .ids = {"12", "22", "32"}}, "|||12|22|32|", {false, false, false}},
@@ -105,11 +99,11 @@ TEST(GetDailyPrice, CategoriesGroupsAndTfxWords)
         {{.categories = "2"}, "2||||||", {false, false, false}},
         {{.categories = "424"}, "4|2|4||||", {false, false, false}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.product.categories);
+    for (const auto& [product, cells, seen] : cases) {
+        SCOPED_TRACE(product.categories);
         FixedGroupState groups;
-        EXPECT_EQ(cellsOf(c.product, {5, 10, 15, 6, 11, 16, 25}, &groups), c.cells);
-        EXPECT_EQ(groups.seen, c.seen);
+        EXPECT_EQ(cellsOf(product, {5, 10, 15, 6, 11, 16, 25}, &groups), cells);
+        EXPECT_EQ(groups.seen, seen);
     }
 }
 

@@ -36,12 +36,10 @@ std::vector<std::int32_t> order(const std::vector<DetailedRow>& rows)
 
 TEST(RefSort, EachComparisonClassOrdersAsTheListShowsIt)
 {
-    struct Case {
-        const char* what;
-        int column;
-        std::vector<std::string> cells, ids, prices;
-        std::vector<std::int32_t> expected;
-    };
+    // What the column holds, the column, its cells, group ids and full prices, and the records in sorted
+    // order.
+    using Case = std::tuple<const char*, int, std::vector<std::string>, std::vector<std::string>,
+                            std::vector<std::string>, std::vector<std::int32_t>>;
     const Case cases[] = {
         {"caption: bytes, case-sensitive", 0, {"b", "B", "a", "\xC1"}, {}, {}, {1, 2, 0, 3}},
         {"text: empty reads yyyy, after lower-case values",
@@ -70,11 +68,11 @@ TEST(RefSort, EachComparisonClassOrdersAsTheListShowsIt)
          {"1000", "999", "1500"},
          {1, 2, 0}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        auto rows = rowsOf(c.column, c.cells, c.ids, c.prices);
-        EXPECT_FALSE(sortRows(rows, c.column));
-        EXPECT_EQ(order(rows), c.expected);
+    for (const auto& [what, column, cells, ids, prices, expected] : cases) {
+        SCOPED_TRACE(what);
+        auto rows = rowsOf(column, cells, ids, prices);
+        EXPECT_FALSE(sortRows(rows, column));
+        EXPECT_EQ(order(rows), expected);
     }
 }
 

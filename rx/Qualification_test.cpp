@@ -51,13 +51,8 @@ TEST(Qualification, CodesAndSearchKey)
 TEST(Qualification, CheckOutcomesInOrder)
 {
     const std::string_view szvhr = "_EU13/b,00301;\r\nEU10,00401;\r\n";
-    struct Case {
-        const char* what;
-        std::vector<std::string> qualifications;
-        const char *designation, *recommendation, *flag;
-        bool accepted;
-        const char* message;
-    };
+    using Case = std::tuple<const char*, std::vector<std::string>, const char*, const char*, const char*,
+                            bool, const char*>;
     const char* unknown =
         "A program nem tudta megállapítani az Ön szakképesítését, ellenőrizze rendelet szövege szerinti "
         "felirási jogsultságát!";
@@ -71,12 +66,12 @@ TEST(Qualification, CheckOutcomesInOrder)
         {"recommendation the drug does not allow", {"00401"}, "90%  EU13/b", "12345", "0", false, refused},
         {"a free point", {"00401"}, "100% EU10", "", "0", true, ""},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, qualifications, designation, recommendation, flag, accepted, message] : cases) {
+        SCOPED_TRACE(what);
         const QualificationCheck check =
-            checkQualification(szvhr, c.qualifications, c.designation, c.recommendation, c.flag);
-        EXPECT_EQ(check.accepted, c.accepted);
-        EXPECT_EQ(check.message ? cp1250ToUtf8(check.message->text) : "", c.message);
+            checkQualification(szvhr, qualifications, designation, recommendation, flag);
+        EXPECT_EQ(check.accepted, accepted);
+        EXPECT_EQ(check.message ? cp1250ToUtf8(check.message->text) : "", message);
     }
     EXPECT_TRUE(restrictedByQualification(szvhr, "90%  EU13/b"));
     EXPECT_FALSE(restrictedByQualification(szvhr, "70%  EU16/a"));

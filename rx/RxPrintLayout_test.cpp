@@ -96,13 +96,7 @@ TEST(PrescriptionLayout, ItemsStandAtTheirBoxesShiftedByTheFormatsMargins)
 
 TEST(PrescriptionLayout, FormatChoosesLayoutCaptionAndOrientation)
 {
-    struct Case {
-        RxFormat format;
-        const char *name, *caption;
-        PageOrientation orientation;
-        bool hasRecommendationBoxes;
-        const char* formatCaption;
-    };
+    using Case = std::tuple<RxFormat, const char*, const char*, PageOrientation, bool, const char*>;
     const Case cases[] = {
         {RxFormat::Old, "TRp3", "Recept - régi formátum", PageOrientation::Upright, false,
          "Recept formátum: Régi"},
@@ -110,15 +104,15 @@ TEST(PrescriptionLayout, FormatChoosesLayoutCaptionAndOrientation)
         {RxFormat::NewSideways, "TRp2", "Recept", PageOrientation::Sideways, true,
          "Recept formátum: Új fekvő"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        const PrintLayout layout = prescriptionLayout(c.format, sampleInput());
-        EXPECT_EQ(layout.name, c.name);
-        EXPECT_EQ(cp1250ToUtf8(layout.caption), c.caption);
-        EXPECT_EQ(layout.orientation, c.orientation);
-        EXPECT_EQ(findItem(layout, "Psz") != nullptr, c.hasRecommendationBoxes);
+    for (const auto& [format, name, caption, orientation, hasRecommendationBoxes, formatCaption] : cases) {
+        SCOPED_TRACE(name);
+        const PrintLayout layout = prescriptionLayout(format, sampleInput());
+        EXPECT_EQ(layout.name, name);
+        EXPECT_EQ(cp1250ToUtf8(layout.caption), caption);
+        EXPECT_EQ(layout.orientation, orientation);
+        EXPECT_EQ(findItem(layout, "Psz") != nullptr, hasRecommendationBoxes);
         EXPECT_EQ(layout.pages.size(), 1u);
-        EXPECT_EQ(cp1250ToUtf8(rxFormatCaption(c.format)), c.formatCaption);
+        EXPECT_EQ(cp1250ToUtf8(rxFormatCaption(format)), formatCaption);
     }
 }
 
@@ -144,12 +138,8 @@ TEST(PrescriptionLayout, EachTitleMarksItsBoxesAndOnlyThose)
 
 TEST(PrescriptionLayout, MemoAndBarCodeAreComposedFromTheForm)
 {
-    struct Case {
-        const char* what;
-        RxFormat format;
-        void (*change)(RxPrintInput&);
-        const char* memo;  // UTF-8
-    };
+    // What the form holds, the format, the change to the sample, and the memo in UTF-8.
+    using Case = std::tuple<const char*, RxFormat, void (*)(RxPrintInput&), const char*>;
     const Case cases[] = {
         {"new form: drug, quantity, D.S.", RxFormat::NewUpright, [](RxPrintInput&) {},
          "Algopyrin 500 mg tabletta\nTabl.Orig No. II (duo)\nD.S.:\nnaponta 3x1"},
@@ -180,11 +170,11 @@ TEST(PrescriptionLayout, MemoAndBarCodeAreComposedFromTheForm)
          },
          "Algopyrin 500 mg tabletta\nII\nD.S.:\nnaponta 3x1"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, format, change, memo] : cases) {
+        SCOPED_TRACE(what);
         RxPrintInput input = sampleInput();
-        c.change(input);
-        EXPECT_EQ(cp1250ToUtf8(findItem(prescriptionLayout(c.format, input), "RpTxt")->text), c.memo);
+        change(input);
+        EXPECT_EQ(cp1250ToUtf8(findItem(prescriptionLayout(format, input), "RpTxt")->text), memo);
     }
     RxPrintInput noSerial = sampleInput();
     noSerial.serialNumber.clear();

@@ -19,11 +19,8 @@ std::string utf8(const TitleCaptions& captions)
 
 TEST(Titles, RelabellingFollowsTheFlagsInTableOrder)
 {
-    struct Case {
-        const char* what;
-        bool layoutA;
-        const char *flags, *expected;  // expected: the ten captions joined by '|'
-    };
+    // What the flags are, whether layout A relabels, the flags, and the ten captions joined by '|'.
+    using Case = std::tuple<const char*, bool, const char*, const char*>;
     const Case cases[] = {
         {"A: all zero", true, "00000000000", "Normatív|-|-|-|-|-|Teljes ár|-|-|Egyedi támogatás"},
         {"A: all one", true, "11111111111",
@@ -44,14 +41,14 @@ TEST(Titles, RelabellingFollowsTheFlagsInTableOrder)
         {"B: fee-paying without public care", false, "1010100000",
          "Normatív|HM|-|Üzemi baleset|-|Eü. térítésköteles|Teljes ár|-|-|Egyedi támogatás"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, layoutA, flags, expected] : cases) {
+        SCOPED_TRACE(what);
         TitleCaptions captions = defaultTitleCaptions();
-        (c.layoutA ? relabelLayoutA : relabelLayoutB)(captions, std::string_view(c.flags));
-        EXPECT_EQ(utf8(captions), c.expected);
+        (layoutA ? relabelLayoutA : relabelLayoutB)(captions, std::string_view(flags));
+        EXPECT_EQ(utf8(captions), expected);
         relabelLayoutA(captions, std::nullopt);  // no flags leave the group as it is
         relabelLayoutB(captions, std::nullopt);
-        EXPECT_EQ(utf8(captions), c.expected);
+        EXPECT_EQ(utf8(captions), expected);
     }
 }
 
