@@ -244,7 +244,9 @@ TEST(NeakImport, AppliesThePriceSupportCodeAndNameDecisionsAndWritesTheSameBytes
     EXPECT_EQ(output.read("semegj.dat"), "");
 }
 
-TEST(NeakImport, UserFilesLinkRealPointsAndFillWhoNamesAndDoses)
+// The user's files and an older month: real points linked, WHO names and doses filled, the older month's
+// products added and the others marked new.
+TEST(NeakImport, OptionsLinkRealPointsFillWhoNamesAndDosesAndAddAnOlderMonth)
 {
     ScratchDirectory source, output;
     NeakSource tables;
@@ -252,29 +254,40 @@ TEST(NeakImport, UserFilesLinkRealPointsAndFillWhoNamesAndDoses)
     for (std::size_t at; (at = tables.turnover.find("\"febuxostat\"")) != std::string::npos;)
         tables.turnover.replace(at, 12, "\"\"");
     tables.writeTo(source.path());
+    source.write("neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202401.csv",
+                 tables.turnover.substr(0, tables.turnover.find('\n') + 1) +
+                     "\"202401\",\"AMLO\",2,\"210000002\",\"AMLO 5 MG TABLETTA\",\"30x\",\"T-1\",\"C08CA01\","
+                     "\"amlodipin\",\"G\",\"Normatív\",1,30,100,999,899,0\n"
+                     "\"202401\",\"OLD\",9,\"210000099\",\"OLD 1 MG TABLETTA\",\"30x\",\"T-9\",\"C08CA01\","
+                     "\"amlodipin\",\"G\",\"Normatív\",2,60,1000,2000,1000,0\n");
     source.write(
         "who.csv",
         "atc_code,atc_name,ddd,uom,adm_r,note\nN02C,ANTIMIGRAINE,4,mg,O,NA\nM04AA03,febuxostat,80,mg,O,NA\n");
     source.write("links.csv", "TTT;EUPONT_ID\n210000001;1\n210000001;4\n210000002;99\n");
-    NeakImportOptions options;
+    NeakImportOptions options = months("202501", "202401");
     options.whoDdd = source.path() / "who.csv";
     options.euLinks = source.path() / "links.csv";
     std::string error;
     const auto report = importNeak(source.path(), output.path(), options, &error);
     ASSERT_TRUE(report) << error;
     EXPECT_EQ(report->problems, std::vector<std::string>());
-    EXPECT_EQ((std::vector<int>{report->linkedProducts, report->whoNames, report->whoDoses}),
-              (std::vector<int>{1, 1, 1}));
+    EXPECT_EQ((std::vector<int>{report->linkedProducts, report->whoNames, report->whoDoses, report->olderOnly,
+                                report->newProducts}),
+              (std::vector<int>{1, 1, 1, 1, 9}));
     EXPECT_NE(std::find(report->warnings.begin(), report->warnings.end(),
                         "link to an unknown EU point: 210000002;99"),
               report->warnings.end());
     const auto products = importedProducts(output.path());
+    EXPECT_EQ(products.size(), 11u);
     const Imported& insula = products.at("210000001");
-    EXPECT_EQ(insula.support[5], "*EU12/b 12166,KEU8/a1 24032");
-    EXPECT_EQ(insula.support[11], "*EU12/b");
-    EXPECT_EQ(insula.support[12], "KEU8/a1");
+    EXPECT_EQ(insula.support[5] + "|" + insula.support[11] + "|" + insula.support[12],
+              "*EU12/b 12166,KEU8/a1 24032|*EU12/b|KEU8/a1");
     EXPECT_EQ(products.at("210000006").support[0], "3");  // 2 mg x 6 / 4 mg
     EXPECT_NE(output.read("atcnren5.dat").find("M04AA03  febuxostat"), std::string::npos);
+    // Price and field 10 (0: new): 099 from the older month only, 002 at the newer month's price, 003 new.
+    for (const auto& [ttt, fields] :
+         {std::pair{"210000099", "1000|1"}, {"210000002", "1000|1"}, {"210000003", "1000|0"}})
+        EXPECT_EQ(products.at(ttt).price + "|" + products.at(ttt).support[9], fields) << ttt;
 
     source.write("links.csv", "TTT,EUPONT_ID\n");
     EXPECT_FALSE(importNeak(source.path(), output.path(), options, &error));
@@ -336,32 +349,6 @@ TEST(NeakImport, RefusesMalformedSourcesNamingFileAndColumnOrLine)
     std::string error;
     EXPECT_FALSE(importNeak(directory.path(), directory.path(), months("2025-1"), &error));
     EXPECT_EQ(error, "a month is YYYYMM, and --also names another month");
-}
-
-TEST(NeakImport, OlderMonthAddsItsProductsAndMarksTheNewOnes)
-{
-    ScratchDirectory source, output;
-    NeakSource tables;
-    tables.writeTo(source.path());
-    std::string older =
-        tables.turnover.substr(0, tables.turnover.find('\n') + 1) +
-        "\"202401\",\"AMLO\",2,\"210000002\",\"AMLO 5 MG TABLETTA\",\"30x\",\"T-1\",\"C08CA01\","
-        "\"amlodipin\",\"G\",\"Normatív\",1,30,100,999,899,0\n"
-        "\"202401\",\"OLD\",9,\"210000099\",\"OLD 1 MG TABLETTA\",\"30x\",\"T-9\",\"C08CA01\","
-        "\"amlodipin\",\"G\",\"Normatív\",2,60,1000,2000,1000,0\n";
-    source.write("neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202401.csv", older);
-    std::string error;
-    const auto report = importNeak(source.path(), output.path(), months("202501", "202401"), &error);
-    ASSERT_TRUE(report) << error;
-    EXPECT_EQ(report->problems, std::vector<std::string>());
-    const auto products = importedProducts(output.path());
-    EXPECT_EQ(products.size(), 11u);
-    EXPECT_EQ(products.at("210000099").price, "1000");  // from the older month
-    EXPECT_EQ(products.at("210000002").price, "1000");  // the newer month wins
-    EXPECT_EQ(products.at("210000002").support[9], "1");
-    EXPECT_EQ(products.at("210000099").support[9], "1");
-    EXPECT_EQ(products.at("210000003").support[9], "0");  // not in the older month: new
-    EXPECT_EQ((std::vector<int>{report->olderOnly, report->newProducts}), (std::vector<int>{1, 9}));
 }
 
 #ifdef ROVANEL_REAL_DB
