@@ -1,6 +1,7 @@
 // The generated medical aids catalogue and FoNo formulary read back through the windows' own readers.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 #include "catalogues/Formulary.h"
@@ -17,35 +18,31 @@ namespace rovanel
 namespace
 {
 
-TEST(CatalogueWriters, EveryGroupListsItsAidsAndEveryAidHasItsDescription)
+TEST(CatalogueWriters, EveryAidGroupListsItsAidsAndEveryFormularyItemIsFoundByItsNameLine)
 {
     testing::ScratchDirectory directory;
     ASSERT_TRUE(generateDatabase(directory.path(), {600, 3}));
-    const AidCatalogue catalogue = loadAidCatalogue(directory.path());
+    const AidCatalogue aidCatalogue = loadAidCatalogue(directory.path());
     const MessageTable messages = MessageTable::parse(directory.read("MSG.DAT"));
-    ASSERT_GT(catalogue.tree.size(), 50u);
-    EXPECT_EQ(catalogue.names.size(), 200u) << "a third of the products";
+    ASSERT_GT(aidCatalogue.tree.size(), 50u);
+    EXPECT_EQ(aidCatalogue.names.size(), 200u) << "a third of the products";
     std::set<std::string> listed;
-    for (int node = 0; node < static_cast<int>(catalogue.tree.size()); ++node) {
-        const auto aids = listAidGroup(catalogue, node);
+    for (int node = 0; node < static_cast<int>(aidCatalogue.tree.size()); ++node) {
+        const auto aids = listAidGroup(aidCatalogue, node);
         ASSERT_FALSE(aids.empty()) << "node " << node;
         for (const AidEntry& aid : aids) {
             listed.insert(aid.code);
-            ASSERT_TRUE(aidDescription(catalogue, messages, node, aid.code)) << aid.code;
+            ASSERT_TRUE(aidDescription(aidCatalogue, messages, node, aid.code)) << aid.code;
         }
     }
-    EXPECT_EQ(listed.size(), catalogue.names.size());
-    for (std::size_t i = 1; i < catalogue.notes.size(); ++i)
-        EXPECT_LE(catalogue.notes[i - 1].code, catalogue.notes[i].code) << "semegj.dat is sorted by code";
-    const auto hits = findAidNames(catalogue, catalogue.names.front().substr(0, 5));
+    EXPECT_EQ(listed.size(), aidCatalogue.names.size());
+    for (std::size_t i = 1; i < aidCatalogue.notes.size(); ++i)
+        EXPECT_LE(aidCatalogue.notes[i - 1].code, aidCatalogue.notes[i].code)
+            << "semegj.dat is sorted by code";
+    const auto hits = findAidNames(aidCatalogue, aidCatalogue.names.front().substr(0, 5));
     ASSERT_FALSE(hits.empty());
     EXPECT_GE(hits.front().node, 0);
-}
 
-TEST(CatalogueWriters, EveryFormularyItemIsFoundByItsNameLineAndHoldsItsSections)
-{
-    testing::ScratchDirectory directory;
-    ASSERT_TRUE(generateDatabase(directory.path(), {50, 1}));
     const FonoCatalogue catalogue = loadFonoCatalogue(directory.path());
     ASSERT_GE(catalogue.names.size(), 200u);
     ASSERT_EQ(catalogue.offsets.size(), catalogue.names.size());
@@ -65,9 +62,8 @@ TEST(CatalogueWriters, EveryFormularyItemIsFoundByItsNameLineAndHoldsItsSections
         }
     EXPECT_EQ(leaves, static_cast<int>(catalogue.names.size()));
     const std::string fono = directory.read("fono.dat");
-    std::size_t markers = 0;
-    for (std::size_t at = fono.find('#'); at != std::string::npos; at = fono.find('#', at + 1)) ++markers;
-    EXPECT_EQ(markers, 2 * catalogue.names.size()) << "no marker inside a text";
+    EXPECT_EQ(static_cast<std::size_t>(std::count(fono.begin(), fono.end(), '#')), 2 * catalogue.names.size())
+        << "no marker inside a text";
 }
 
 }  // namespace
