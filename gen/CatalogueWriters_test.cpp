@@ -6,10 +6,7 @@
 
 #include "catalogues/Formulary.h"
 #include "catalogues/MedicalAids.h"
-#include "db/Cp1250.h"
-#include "db/DataFile.h"
 #include "db/MessageTable.h"
-#include "db/Text.h"
 #include "gen/DatabaseGenerator.h"
 #include "tests/support/ScratchDirectory.h"
 

@@ -24,14 +24,6 @@ namespace
 using testing::NeakSource;
 using testing::ScratchDirectory;
 
-NeakImportOptions months(const char* month, const char* also = "")
-{
-    NeakImportOptions options;
-    options.month = month;
-    options.also = also;
-    return options;
-}
-
 const TableLayout kThreeColumns{"t.csv", ';', SourceEncoding::Utf8, {"ID", "KOD", "LEIRAS"}};
 
 TEST(NeakTable, ReadsQuotedFieldsLineEndsAndEncodingsAndRefusesWhatDoesNotFit)
@@ -263,7 +255,8 @@ TEST(NeakImport, OptionsLinkRealPointsFillWhoNamesAndDosesAndAddAnOlderMonth)
         "who.csv",
         "atc_code,atc_name,ddd,uom,adm_r,note\nN02C,ANTIMIGRAINE,4,mg,O,NA\nM04AA03,febuxostat,80,mg,O,NA\n");
     source.write("links.csv", "TTT;EUPONT_ID\n210000001;1\n210000001;4\n210000002;99\n");
-    NeakImportOptions options = months("202501", "202401");
+    NeakImportOptions options;
+    options.also = "202401";
     options.whoDdd = source.path() / "who.csv";
     options.euLinks = source.path() / "links.csv";
     std::string error;
@@ -340,13 +333,17 @@ TEST(NeakImport, RefusesMalformedSourcesNamingFileAndColumnOrLine)
         NeakSource tables;
         c.damage(tables);
         tables.writeTo(source.path());
+        NeakImportOptions options;
+        options.month = c.month;
         std::string error;
-        EXPECT_FALSE(importNeak(source.path(), output.path(), months(c.month), &error));
+        EXPECT_FALSE(importNeak(source.path(), output.path(), options, &error));
         EXPECT_EQ(error, (source.path() / "").string() + c.error);
     }
     ScratchDirectory directory;
+    NeakImportOptions options;
+    options.month = "2025-1";
     std::string error;
-    EXPECT_FALSE(importNeak(directory.path(), directory.path(), months("2025-1"), &error));
+    EXPECT_FALSE(importNeak(directory.path(), directory.path(), options, &error));
     EXPECT_EQ(error, "a month is YYYYMM, and --also names another month");
 }
 

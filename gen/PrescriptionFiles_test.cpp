@@ -4,8 +4,6 @@
 
 #include <set>
 
-#include "db/DataFile.h"
-#include "db/ProductIndex.h"
 #include "db/StartupTables.h"
 #include "db/Text.h"
 #include "gen/DatabaseGenerator.h"
