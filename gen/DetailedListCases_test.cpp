@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "db/StartupTables.h"
-#include "gen/DatabaseCheck.h"
 #include "gen/DatabaseGenerator.h"
 #include "pricelist/DetailedList.h"
 #include "tests/support/ScratchDirectory.h"
@@ -15,13 +14,12 @@ namespace rovanel
 namespace
 {
 
-TEST(DetailedListCases, EveryRowPathIsPlantedAndTheDatabaseStaysConsistent)
+TEST(DetailedListCases, EveryRowPathIsPlanted)
 {
     testing::ScratchDirectory directory;
     const auto planted = generateDatabase(directory.path(), {2000, 1});
     ASSERT_TRUE(planted);
     const DetailedListCases& cases = planted->detailed;
-    EXPECT_TRUE(checkDatabase(directory.path()).empty());
     const StartupTables tables = loadStartupTables(directory.path(), directory.path() / "none.ini");
 
     DetailedList list(tables);
@@ -33,9 +31,8 @@ TEST(DetailedListCases, EveryRowPathIsPlantedAndTheDatabaseStaysConsistent)
     };
     const Case expected[] = {
         {"minus first", cases.minusCategories, {{5, ""}, {10, ""}, {15, ""}, {6, "9001"}, {25, ""}}},
-        {"333",
-         cases.allThreeGroups,
-         {{5, "3"}, {10, "3"}, {15, "3"}, {25, "NORM,EUTK,EUTM"}, {7, "500"}, {12, "600"}}},
+        {"333", cases.allThreeGroups, {{5, "3"}, {10, "3"}, {15, "3"}, {25, "NORM,EUTK,EUTM"}}},
+        {"333 amounts", cases.allThreeGroups, {{7, "500"}, {12, "600"}}},
         {"333 elsewhere", cases.allThreeElsewhere, {{25, "NORM,EUTK,EUTM"}}},
         {"356", cases.fiveAndSix, {{5, "3"}, {10, ""}, {15, ""}, {25, "NORM"}}},
         {"565", cases.fivesAndSixes, {{5, ""}, {10, ""}, {15, ""}, {25, ""}}},

@@ -1,6 +1,6 @@
 // A small NEAK source directory in the published layouts (turnover, ATC book, EU points and texts, BNO
-// codes and links, prescriber rights, the medical-aids catalogue), for
-// the importer's tests and the corruption sweep. Each table's text can be replaced before writing.
+// codes and links, prescriber rights, the medical-aids catalogue), for the importer's tests and the
+// corruption sweep. Each table's text can be replaced before writing.
 #pragma once
 
 #include <filesystem>
