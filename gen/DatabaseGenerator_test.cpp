@@ -20,10 +20,7 @@ namespace
 
 using testing::ScratchDirectory;
 
-std::string fileText(const std::filesystem::path& path)
-{
-    return readWholeFile(path).value_or(std::string());
-}
+std::string fileText(const std::filesystem::path& path) { return readWholeFile(path).value_or(""); }
 
 // The lines of product `record`'s sections `markers`, each after its marker ("#til CODE").
 std::vector<std::string> sections(const std::filesystem::path& directory, std::int32_t record,
@@ -98,8 +95,7 @@ TEST(DatabaseGenerator, EverySizeIsConsistentSortedAndHoldsThePlantedCases)
         EXPECT_NE(names.find_first_of("\xC1\xC9\xCD\xD3\xD6\xD5\xDA\xDC\xDB"), std::string::npos);
         EXPECT_NE(fileText(dir / "gy.ful").find("\xE1"), std::string::npos);  // á
 
-        // Avoid pair: each #til holds a prefix of the other's product code. Careful pair: exactly one careful
-        // line between them. Nothing else.
+        // Avoid pair: each #til a prefix of the other's code; careful pair: one #ov line; nothing else.
         using Lines = std::vector<std::string>;
         EXPECT_EQ(sections(dir, p->avoidFirst, {"#til", "#ov"}), Lines{"#til " + p->avoidFirstCode});
         EXPECT_EQ(sections(dir, p->avoidSecond, {"#til", "#ov"}), Lines{"#til " + p->avoidSecondCode});
@@ -110,8 +106,7 @@ TEST(DatabaseGenerator, EverySizeIsConsistentSortedAndHoldsThePlantedCases)
         EXPECT_FALSE(productCode(dir, p->avoidFirst).starts_with(p->avoidFirstCode));
         EXPECT_TRUE(productCode(dir, p->carefulSecond).starts_with(p->carefulCode));
         EXPECT_FALSE(productCode(dir, p->carefulFirst).starts_with(p->carefulCode));
-        // Contraindication: the code is table 3 entry k, in the block, and the ellind list of k has it; its
-        // ATC group (table 2) lists it too.
+        // Contraindication: the code is KOD.DAT table 3 entry k, in the block; the lists of k and its group.
         const auto has = [](const auto& items, const auto& value) {
             return std::find(items.begin(), items.end(), value) != items.end();
         };

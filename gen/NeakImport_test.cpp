@@ -286,8 +286,7 @@ TEST(NeakImport, OptionsLinkRealPointsFillWhoNamesAndDosesAndAddAnOlderMonth)
 TEST(NeakImport, RefusesMalformedSourcesNamingFileAndColumnOrLine)
 {
     const std::string turnover = "neak_forgalmi_adatok/gyogyszer_orszagos_forgalom_202501.csv",
-                      texts = "neak_pupha_2024-03/EUINDIKACIOK.csv",
-                      aids = "neak_pupha_2025-12_hdd/gyse-database.json";
+                      texts(kEuTextsFile), aids(kAidsFile);
     struct Case {
         const char* what;
         void (*damage)(NeakSource&);
@@ -374,10 +373,9 @@ TEST(NeakImportRealData, BundledDatabaseIsConsistentReproducibleAndFollowsFromTh
         {"210514697", "ADENURIC 80 MG FILMTABLETTA 28X (4697)|*E50 2082"},
         {"210763759", "ADENURIC 80 MG FILMTABLETTA 28X (3759)|*E50 2082"},
     };
-    for (const auto& [ttt, fields] : named) {
-        ASSERT_TRUE(products.count(ttt)) << ttt;
-        EXPECT_EQ(products.at(ttt).name + "|" + products.at(ttt).support[5], fields);
-    }
+    for (const auto& [ttt, fields] : named)
+        EXPECT_EQ(products.count(ttt) ? products.at(ttt).name + "|" + products.at(ttt).support[5] : "",
+                  fields);
     // A product of placeholder points carries them as its keys (they have no BNO rules: the test above).
     EXPECT_EQ(lookupTamttt(readWholeFile(real / "tamttt.dat").value_or(""), "210712376").keys,
               (RegulationKeys{"K100", "*E50"}));
