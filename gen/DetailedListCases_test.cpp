@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "db/StartupTables.h"
-#include "gen/DatabaseCheck.h"
 #include "gen/DatabaseGenerator.h"
 #include "pricelist/DetailedList.h"
 #include "tests/support/ScratchDirectory.h"
@@ -13,22 +14,16 @@ namespace rovanel
 namespace
 {
 
-TEST(DetailedListCases, EveryRowPathIsPlantedAndTheDatabaseStaysConsistent)
+TEST(DetailedListCases, EveryRowPathIsPlanted)
 {
     testing::ScratchDirectory directory;
     const auto planted = generateDatabase(directory.path(), {2000, 1});
     ASSERT_TRUE(planted);
     const DetailedListCases& cases = planted->detailed;
-    EXPECT_TRUE(checkDatabase(directory.path()).empty());
     const StartupTables tables = loadStartupTables(directory.path(), directory.path() / "none.ini");
 
     DetailedList list(tables);
     (void)list.bFillSameAtc(cases.groupCode, ListingMode::Plain);
-    const auto rowOf = [&](std::int32_t record) -> const DetailedRow* {
-        for (const DetailedRow& row : list.rows())
-            if (row.record == record) return &row;
-        return nullptr;
-    };
     struct Case {
         const char* what;
         std::int32_t record;
@@ -36,9 +31,8 @@ TEST(DetailedListCases, EveryRowPathIsPlantedAndTheDatabaseStaysConsistent)
     };
     const Case expected[] = {
         {"minus first", cases.minusCategories, {{5, ""}, {10, ""}, {15, ""}, {6, "9001"}, {25, ""}}},
-        {"333",
-         cases.allThreeGroups,
-         {{5, "3"}, {10, "3"}, {15, "3"}, {25, "NORM,EUTK,EUTM"}, {7, "500"}, {12, "600"}}},
+        {"333", cases.allThreeGroups, {{5, "3"}, {10, "3"}, {15, "3"}, {25, "NORM,EUTK,EUTM"}}},
+        {"333 amounts", cases.allThreeGroups, {{7, "500"}, {12, "600"}}},
         {"333 elsewhere", cases.allThreeElsewhere, {{25, "NORM,EUTK,EUTM"}}},
         {"356", cases.fiveAndSix, {{5, "3"}, {10, ""}, {15, ""}, {25, "NORM"}}},
         {"565", cases.fivesAndSixes, {{5, ""}, {10, ""}, {15, ""}, {25, ""}}},
@@ -48,17 +42,15 @@ TEST(DetailedListCases, EveryRowPathIsPlantedAndTheDatabaseStaysConsistent)
          cases.increasedAbovePrice,
          {{7, "900"}, {8, "-400"}, {9, "-40.0"}, {10, "2"}}},
         {"free package", cases.freePackage, {{1, "0"}, {3, "0"}, {4, ""}}},
+        {"daily doses 1,5", cases.decimalDoses, {{4, "5794.7"}}},
     };
     for (const Case& c : expected) {
         SCOPED_TRACE(c.what);
-        ASSERT_GE(c.record, 0);
-        const DetailedRow* row = rowOf(c.record);
-        ASSERT_TRUE(row);
+        const auto row = std::find_if(list.rows().begin(), list.rows().end(),
+                                      [&c](const DetailedRow& r) { return r.record == c.record; });
+        ASSERT_NE(row, list.rows().end());
         for (const auto& [column, text] : c.cells) EXPECT_EQ(row->cells[column], text) << column;
     }
-    const DetailedRow* decimal = rowOf(cases.decimalDoses);
-    ASSERT_TRUE(decimal);
-    EXPECT_NE(decimal->cells[4], "");
 
     // The all-TT substance: listed when shown, "Nincs ilyen" when hidden.
     ASSERT_EQ(cases.allTtGroup.size(), 8u);

@@ -1,6 +1,6 @@
 // A small NEAK source directory in the published layouts (turnover, ATC book, EU points and texts, BNO
-// codes and links, prescriber rights, the medical-aids catalogue), for
-// the importer's tests and the corruption sweep. Each table's text can be replaced before writing.
+// codes and links, prescriber rights, the medical-aids catalogue), for the importer's tests and the
+// corruption sweep. Each table's text can be replaced before writing.
 #pragma once
 
 #include <filesystem>
@@ -19,49 +19,41 @@ struct NeakSource {
         "IDOSZAK,BRAND,BRANDID,TTT,NEV,KISZNEV,TK,ATC,HATOANYAG,VENYTIPUS,JOGCIM,DOBOZ,DOTFORG,TBTAM,FOGYAR,"
         "TERDIJ,KVATER\n"
         // Emelt and kiemelt without normative support; the Közgyógy row must not become the support.
-        "\"202501\",\"INSULA\",1,\"210000001\",\"INSULA 100 EGYSÉG/ML OLDATOS INJEKCIÓ PATRONBAN\",\"10x3ml "
-        "patronban\",\"EU/1\",\"A10AE04\",\"insulin "
-        "glargine\",\"G\",\"Emelt\",77.5,5812.5,942865,1885730,942865,0\n"
-        "\"202501\",\"INSULA\",1,\"210000001\",\"INSULA 100 EGYSÉG/ML OLDATOS INJEKCIÓ PATRONBAN\",\"10x3ml "
-        "patronban\",\"EU/1\",\"A10AE04\",\"insulin "
-        "glargine\",\"G\",\"Kiemelt\",472.833,35462.475,11363122.66,"
-        "11504972.56,141849.9,0\n"
-        "\"202501\",\"INSULA\",1,\"210000001\",\"INSULA 100 EGYSÉG/ML OLDATOS INJEKCIÓ PATRONBAN\",\"10x3ml "
-        "patronban\",\"EU/1\",\"A10AE04\",\"insulin "
-        "glargine\",\"G\",\"Közgyógy\",0.7,52.5,0,17032.4,0,17032.4\n"
+        "\"202501\",\"INSULA\",1,\"210000001\",\"INSULA 100 EGYSÉG/ML OLDATOS INJEKCIÓ PATRONBAN\","
+        "\"10x3ml patronban\",\"EU/1\",\"A10AE04\",\"insulin glargine\",\"G\",\"Emelt\",77.5,5812.5,942865,"
+        "1885730,942865,0\n"
+        "\"202501\",\"INSULA\",1,\"210000001\",\"INSULA 100 EGYSÉG/ML OLDATOS INJEKCIÓ PATRONBAN\","
+        "\"10x3ml patronban\",\"EU/1\",\"A10AE04\",\"insulin glargine\",\"G\",\"Kiemelt\",472.833,35462.475,"
+        "11363122.66,11504972.56,141849.9,0\n"
+        "\"202501\",\"INSULA\",1,\"210000001\",\"INSULA 100 EGYSÉG/ML OLDATOS INJEKCIÓ PATRONBAN\","
+        "\"10x3ml patronban\",\"EU/1\",\"A10AE04\",\"insulin glargine\",\"G\",\"Közgyógy\",0.7,52.5,0,"
+        "17032.4,0,17032.4\n"
         // Normative 55 %, 25 % and 80 % (the largest row wins), and a public-care row.
-        "\"202501\",\"AMLO\",2,\"210000002\",\"AMLO 5 MG "
-        "TABLETTA\",\"30x\",\"T-1\",\"C08CA01\",\"amlodipin\","
-        "\"G\",\"Normatív\",10,300,5500,10000,4500,0\n"
-        "\"202501\",\"AMLO\",2,\"210000003\",\"AMLO 10 MG "
-        "TABLETTA\",\"30x\",\"T-2\",\"C08CA01\",\"amlodipin\","
-        "\"G\",\"Normatív\",4,120,1000,4000,3000,0\n"
-        "\"202501\",\"AMLO\",2,\"210000004\",\"AMLO 20 MG "
-        "TABLETTA\",\"30x\",\"T-3\",\"C08CA01\",\"amlodipin\","
-        "\"G\",\"Normatív\",2,60,1600,2000,400,0\n"
-        "\"202501\",\"AMLO\",2,\"210000004\",\"AMLO 20 MG "
-        "TABLETTA\",\"30x\",\"T-3\",\"C08CA01\",\"amlodipin\","
-        "\"G\",\"Közgyógy\",5,150,4000,5000,0,1000\n"
+        "\"202501\",\"AMLO\",2,\"210000002\",\"AMLO 5 MG TABLETTA\",\"30x\",\"T-1\",\"C08CA01\","
+        "\"amlodipin\",\"G\",\"Normatív\",10,300,5500,10000,4500,0\n"
+        "\"202501\",\"AMLO\",2,\"210000003\",\"AMLO 10 MG TABLETTA\",\"30x\",\"T-2\",\"C08CA01\","
+        "\"amlodipin\",\"G\",\"Normatív\",4,120,1000,4000,3000,0\n"
+        "\"202501\",\"AMLO\",2,\"210000004\",\"AMLO 20 MG TABLETTA\",\"30x\",\"T-3\",\"C08CA01\","
+        "\"amlodipin\",\"G\",\"Normatív\",2,60,1600,2000,400,0\n"
+        "\"202501\",\"AMLO\",2,\"210000004\",\"AMLO 20 MG TABLETTA\",\"30x\",\"T-3\",\"C08CA01\","
+        "\"amlodipin\",\"G\",\"Közgyógy\",5,150,4000,5000,0,1000\n"
         // No pack dispensed: no price, no daily doses.
-        "\"202501\",\"NOPACK\",3,\"210000005\",\"NOPACK 1 MG "
-        "TABLETTA\",\"20x\",\"T-4\",\"C08CA01\",\"amlodipin\","
-        "\"G\",\"Normatív\",-1,,-500,-1000,-500,0\n"
+        "\"202501\",\"NOPACK\",3,\"210000005\",\"NOPACK 1 MG TABLETTA\",\"20x\",\"T-4\",\"C08CA01\","
+        "\"amlodipin\",\"G\",\"Normatív\",-1,,-500,-1000,-500,0\n"
         // The same name and pack under two TTT.
-        "\"202501\",\"TWIN\",4,\"210001111\",\"TWIN 80 MG "
-        "FILMTABLETTA\",\"28x\",\"T-5\",\"M04AA03\",\"febuxostat\","
-        "\"G\",\"Emelt\",3,84,2700,3000,300,0\n"
-        "\"202501\",\"TWIN\",4,\"210002222\",\"TWIN 80 MG "
-        "FILMTABLETTA\",\"28x\",\"T-6\",\"M04AA03\",\"febuxostat\","
-        "\"G\",\"Emelt\",3,84,1500,3000,1500,0\n"
+        "\"202501\",\"TWIN\",4,\"210001111\",\"TWIN 80 MG FILMTABLETTA\",\"28x\",\"T-5\",\"M04AA03\","
+        "\"febuxostat\",\"G\",\"Emelt\",3,84,2700,3000,300,0\n"
+        "\"202501\",\"TWIN\",4,\"210002222\",\"TWIN 80 MG FILMTABLETTA\",\"28x\",\"T-6\",\"M04AA03\","
+        "\"febuxostat\",\"G\",\"Emelt\",3,84,1500,3000,1500,0\n"
         // Short and missing ATC codes, nutrition, a magistral material left out.
-        "\"202501\",\"MIGR\",5,\"210000006\",\"MIGR 2 MG TABLETTA\",\"6x\",\"T-7\",\"N02C\",\"migrén\","
-        "\"G\",\"Normatív\",1,6,0,500,500,0\n"
-        "\"202501\",\"HOMEO\",6,\"270000007\",\"HOMEO GLOBULI\",\"1x4 g\",\"T-8\",\"ISMTLEN\",\"\","
-        "\"G\",\"Normatív\",1,,0,900,900,0\n"
-        "\"202501\",\"NUTRI\",7,\"230000008\",\"NUTRI VANÍLIA\",\"4x200 ml\",\"\",\"V06D\",\"tápszer\","
-        "\"G\",\"Normatív\",2,8,1800,2000,200,0\n"
-        "\"202501\",\"SAL\",8,\"110000009\",\"ACIDUM SALICYLICUM\",\"100 g\",\"\",\"D01AE12\",\"\","
-        "\"M\",\"Normatív\",1,,0,100,100,0\n";
+        "\"202501\",\"MIGR\",5,\"210000006\",\"MIGR 2 MG TABLETTA\",\"6x\",\"T-7\",\"N02C\",\"migrén\",\"G\","
+        "\"Normatív\",1,6,0,500,500,0\n"
+        "\"202501\",\"HOMEO\",6,\"270000007\",\"HOMEO GLOBULI\",\"1x4 g\",\"T-8\",\"ISMTLEN\",\"\",\"G\","
+        "\"Normatív\",1,,0,900,900,0\n"
+        "\"202501\",\"NUTRI\",7,\"230000008\",\"NUTRI VANÍLIA\",\"4x200 ml\",\"\",\"V06D\",\"tápszer\",\"G\","
+        "\"Normatív\",2,8,1800,2000,200,0\n"
+        "\"202501\",\"SAL\",8,\"110000009\",\"ACIDUM SALICYLICUM\",\"100 g\",\"\",\"D01AE12\",\"\",\"M\","
+        "\"Normatív\",1,,0,100,100,0\n";
     std::string book =
         "ATC\tMEGNEV\tANGOL\tHATOANYAG\tKIHIRDETES_ID\r\n"
         "\"A\"\t\"Tápcsatorna és anyagcsere\"\t\"Alimentary\"\t\t1\r\n"
@@ -73,16 +65,12 @@ struct NeakSource {
         "\"C08\"\t\"Kalciumcsatorna-blokkolók\"\t\"\"\t\t1\r\n"
         "\"C08C\"\t\"Szelektív kalciumcsatorna-blokkolók\"\t\"\"\t\t1\r\n"
         "\"C08CA\"\t\"Dihidropiridin-származékok\"\t\"\"\t\t1\r\n"
-        "\"C08CA01\"\t\"amlodipin\"\t\"amlodipine\"\t\t1\r\n"
-        "\"M\"\t\"Csont-izomrendszer\"\t\"\"\t\t1\r\n"
+        "\"C08CA01\"\t\"amlodipin\"\t\"amlodipine\"\t\t1\r\n\"M\"\t\"Csont-izomrendszer\"\t\"\"\t\t1\r\n"
         "\"M04\"\t\"Köszvény elleni szerek\"\t\"\"\t\t1\r\n"
         "\"M04A\"\t\"Köszvény elleni szerek\"\t\"\"\t\t1\r\n"
-        "\"M04AA\"\t\"Húgysavképzést gátlók\"\t\"\"\t\t1\r\n"
-        "\"M04AA03\"\t\"\"\t\"\"\t\t1\r\n"
-        "\"N\"\t\"Idegrendszer\"\t\"\"\t\t1\r\n"
-        "\"N02\"\t\"Fájdalomcsillapítók\"\t\"\"\t\t1\r\n"
-        "\"N02C\"\t\"Migrén elleni készítmények\"\t\"\"\t\t1\r\n"
-        "\"V06D\"\t\"Egyéb tápszerek\"\t\"\"\t\t1\r\n";
+        "\"M04AA\"\t\"Húgysavképzést gátlók\"\t\"\"\t\t1\r\n\"M04AA03\"\t\"\"\t\"\"\t\t1\r\n"
+        "\"N\"\t\"Idegrendszer\"\t\"\"\t\t1\r\n\"N02\"\t\"Fájdalomcsillapítók\"\t\"\"\t\t1\r\n"
+        "\"N02C\"\t\"Migrén elleni készítmények\"\t\"\"\t\t1\r\n\"V06D\"\t\"Egyéb tápszerek\"\t\"\"\t\t1\r\n";
     std::string points =
         "ID;EUTIP;KODSZAM;PERJEL;IND_TIP\n1;EÜ100;8;a1;G\n2;EÜ90;5;;G\n3;EÜ70;12;;G\n4;EÜ50;12;b;G\n5;"
         "Normatív;9;;S\n";
@@ -108,20 +96,18 @@ struct NeakSource {
     // A 15-digit and a 13-digit aid (the catalogue is not sorted), an aid of a bad code that is skipped.
     std::string aids =
         "{\"meta\": {\"totalItems\": 3, \"tags\": [1, null]},\n \"items\": [\n"
-        "  {\"isoCode\": \"093006030300101\", \"name\": \"Pelenka  \\\"Extra\\\" \\u0151\", \"packSize\": "
-        "\"30 db\", \"grossPrice\": 5000.4, \"patientFee\": 1000.5, \"supportPercent\": 80, \"supportType\": "
-        "\"NOMIN\", \"euSupportPercent\": 98, \"euPatientFee\": 100, \"euPoints\": null, \"tttCode\": "
-        "\"310000011\", \"manufacturer\": \"Gyártó\", \"distributor\": \"Forgalmazó\", \"inMarket\": true},\n"
+        "  {\"isoCode\": \"093006030300101\", \"name\": \"Pelenka  \\\"Extra\\\" \\u0151\", "
+        "\"packSize\": \"30 db\", \"grossPrice\": 5000.4, \"patientFee\": 1000.5, \"supportPercent\": 80, "
+        "\"supportType\": \"NOMIN\", \"euSupportPercent\": 98, \"euPatientFee\": 100, \"euPoints\": null, "
+        "\"tttCode\": \"310000011\", \"manufacturer\": \"Gyártó\", \"distributor\": \"Forgalmazó\", "
+        "\"inMarket\": true},\n"
         "  {\"isoCode\": \"0624030303001\", \"name\": \"L-111 protézis\", \"packSize\": \"darab\", "
-        "\"grossPrice\": 175629.3, \"patientFee\": 3512.25, \"supportPercent\": 98, \"supportType\": "
-        "\"NOMIN\", "
-        "\"euSupportPercent\": 0, \"euPatientFee\": 0, \"tttCode\": \"310000013\", \"manufacturer\": "
-        "\"Egyedi\", \"distributor\": \"Egyedi\"},\n"
+        "\"grossPrice\": 175629.3, \"patientFee\": 3512.25, \"supportPercent\": 98, "
+        "\"supportType\": \"NOMIN\", \"euSupportPercent\": 0, \"euPatientFee\": 0, "
+        "\"tttCode\": \"310000013\", \"manufacturer\": \"Egyedi\", \"distributor\": \"Egyedi\"},\n"
         "  {\"isoCode\": \"12AB\", \"name\": \"Rossz\", \"packSize\": \"\", \"grossPrice\": 1, "
-        "\"patientFee\": 1, "
-        "\"supportPercent\": 0, \"supportType\": \"\", \"euSupportPercent\": 0, \"euPatientFee\": 0, "
-        "\"tttCode\": "
-        "\"\", \"manufacturer\": \"\", \"distributor\": \"\"}\n]}\n";
+        "\"patientFee\": 1, \"supportPercent\": 0, \"supportType\": \"\", \"euSupportPercent\": 0, "
+        "\"euPatientFee\": 0, \"tttCode\": \"\", \"manufacturer\": \"\", \"distributor\": \"\"}\n]}\n";
 
     void writeTo(const std::filesystem::path& root) const
     {
@@ -139,13 +125,10 @@ struct NeakSource {
         for (const auto& [relative, content] : files) {
             const std::filesystem::path path = root / std::string(relative);
             std::filesystem::create_directories(path.parent_path());
-            std::ofstream(path, std::ios::binary) << utf8ToCp1250Unless(relative, *content);
+            // The ATC book is published in Windows-1250, the other tables in UTF-8.
+            std::ofstream(path, std::ios::binary)
+                << (relative == kAtcBookFile ? utf8ToCp1250(*content) : *content);
         }
-    }
-    // The ATC book is published in Windows-1250, the other tables in UTF-8.
-    static std::string utf8ToCp1250Unless(std::string_view relative, const std::string& content)
-    {
-        return relative == kAtcBookFile ? utf8ToCp1250(content) : content;
     }
 };
 
