@@ -16,8 +16,7 @@ TEST(Trim, CutsAtTildeAndRemovesTrailingBlanksButNeverTheFirstCharacter)
 {
     struct Case {
         const char* what;
-        std::string_view in;
-        std::string_view out;
+        std::string_view in, out;
     };
     const Case cases[] = {
         {"plain", "abc", "abc"},
@@ -49,10 +48,8 @@ TEST(ScanInteger, ReadsLikePercentLd)
     EXPECT_EQ(scanInteger("   42  ", &consumed), 42);
     EXPECT_EQ(consumed, 5u);
     EXPECT_EQ(scanInteger("-7,3"), -7);
-    EXPECT_EQ(scanInteger("x12"), std::nullopt);
-    EXPECT_EQ(scanInteger(""), std::nullopt);
-    EXPECT_EQ(scanInteger("99999999999"), std::nullopt);
-    EXPECT_EQ(scanInteger("-"), std::nullopt);
+    for (const char* text : {"x12", "", "99999999999", "-"})
+        EXPECT_EQ(scanInteger(text), std::nullopt) << text;
 }
 
 TEST(FixedRecord, ARecordCutShortIsNoRecord)
