@@ -1,8 +1,10 @@
+// The start-up tables and the index files read through them.
 #include "db/StartupTables.h"
 
 #include <gtest/gtest.h>
 
 #include "db/Cp1250.h"
+#include "db/ProductIndex.h"
 #include "tests/support/TinyDatabase.h"
 
 namespace rovanel
@@ -18,12 +20,17 @@ StartupTables load(const ScratchDirectory& directory)
     return loadStartupTables(directory.path(), directory.path() / "user" / "RV.INI");
 }
 
-// The tiny database in a directory of its own.
+// The tiny database in a directory of its own, and its tables as loaded at start.
 class TinyStartup : public ::testing::Test
 {
 protected:
-    void SetUp() override { writeTinyDatabase(directory); }
+    void SetUp() override
+    {
+        writeTinyDatabase(directory);
+        tables = load(directory);
+    }
     ScratchDirectory directory;
+    StartupTables tables;
 };
 
 // How a line is trimmed is Trim's (Text_test).
@@ -44,7 +51,6 @@ TEST(MessageTable, NumbersLinesFromZeroAndReadsNullAsEmpty)
 
 TEST_F(TinyStartup, ReadsEveryTableOfACompleteDatabase)
 {
-    const StartupTables tables = load(directory);
     ASSERT_EQ(tables.reached, LoadStep::Complete);
     EXPECT_EQ(tables.counts.products(), 5);
     EXPECT_EQ(tables.counts.medicines(), 3);
@@ -60,8 +66,7 @@ TEST_F(TinyStartup, ReadsEveryTableOfACompleteDatabase)
     EXPECT_EQ(tables.shortTexts, (std::vector<std::string>{"tabl.", "kaps."}));
     ASSERT_EQ(tables.productNames.size(), 5u);
     EXPECT_EQ(tables.productName(1), utf8ToCp1250("BÉTA 5 MG TABLETTA 30X"));
-    EXPECT_EQ(tables.productName(5), "");
-    EXPECT_EQ(tables.productName(-1), "");
+    for (const ProductRecord outside : {5, -1}) EXPECT_EQ(tables.productName(outside), "") << outside;
     EXPECT_EQ(tables.recordOfCode("C08CA-0102"), 2);
     EXPECT_EQ(tables.recordOfCode("C08CA-01"), -1);
     EXPECT_EQ(tables.contraindicationOfCode("E0101"), 1);
@@ -117,15 +122,14 @@ TEST(StartupLoader, StopsAtTheFailingStepAndKeepsWhatItRead)
     }
 }
 
-TEST_F(TinyStartup, ReadsKodDatOfAnySizeSafely)
+TEST_F(TinyStartup, ReadsKodDatOfAnySizeSafelyAndKeepsTheOtherTablesWithinTheirCounts)
 {
     const std::string full = directory.read("KOD.DAT");
 
     directory.write("KOD.DAT", full.substr(0, 23));  // two codes and three bytes of the third
     StartupTables shortTables = load(directory);
-    EXPECT_EQ(shortTables.productCodes[1], "C08CA-0101");
-    EXPECT_EQ(shortTables.productCodes[2], "C08");
-    EXPECT_EQ(shortTables.productCodes[3], "");
+    EXPECT_EQ(shortTables.productCodes,
+              (std::vector<std::string>{"A02BC-0101", "C08CA-0101", "C08", "", ""}));
     EXPECT_EQ(shortTables.sideEffectCodes[1], "");
     EXPECT_EQ(shortTables.reached, LoadStep::Complete);
 
@@ -134,14 +138,12 @@ TEST_F(TinyStartup, ReadsKodDatOfAnySizeSafely)
 
     directory.remove("KOD.DAT");
     EXPECT_EQ(load(directory).productCodes, std::vector<std::string>(5));
-}
 
-TEST_F(TinyStartup, KeepsTablesWithinTheirCounts)
-{
+    // The other tables keep within their counts.
     directory.write("xd.dat", "1,2\r\n3,4\r\n5,6\r\n");
     directory.write("x.dat", "tabletta-long\r\n");
     directory.write("nevrend.dat", directory.read("nevrend.dat") + testing::nameLine("EXTRA"));
-    const StartupTables tables = load(directory);
+    tables = load(directory);
     EXPECT_EQ(tables.pairs.size(), 2u);
     EXPECT_EQ(tables.shortTexts, (std::vector<std::string>{"tabletta-lo", ""}))
         << "a 12-byte slot holds 11 characters; a missing line leaves its slot empty";
@@ -169,6 +171,131 @@ TEST(LineListLoader, CutsAtTheColumnLimitAndTrims)
     ASSERT_TRUE(loadLineList(directory.path() / "list.txt", 50, lines));
     EXPECT_EQ(lines.toVector(), (std::vector<std::string>{"abc", std::string(50, 'n'), "x"}));
     EXPECT_FALSE(loadLineList(directory.path() / "missing.txt", 50, lines));
+}
+
+using ProductIndexTest = TinyStartup;
+
+TEST_F(ProductIndexTest, NameListsHoldEachGroupFromItsByteOffsetAndStopAtTheEndOfTheFile)
+{
+    const auto medicines = nameListFill(tables, NameGroup::Medicines);
+    ASSERT_EQ(medicines.size(), 3u);
+    for (std::size_t i = 0; i < medicines.size(); ++i) EXPECT_EQ(medicines[i], tables.productName(i));
+    const auto nutrition = nameListFill(tables, NameGroup::Nutrition);
+    EXPECT_EQ(nutrition, (std::vector<std::string>{utf8ToCp1250("TÁPLÁLÓ ITAL 200 ML")}));
+    EXPECT_EQ(recordOfListPosition(tables, NameGroup::Medicines, 2), 2);
+    EXPECT_EQ(recordOfListPosition(tables, NameGroup::Nutrition, 0), 3);
+    EXPECT_EQ(recordOfListPosition(tables, NameGroup::Nutrition, -1), -1);
+
+    // Medicine lines of the wrong length would move a line-counting reader; the fill seeks instead.
+    const std::string nevrend = directory.read("nevrend.dat");
+    directory.write("nevrend.dat", std::string(48, 'Q') + "\r\n" + nevrend.substr(50));
+    EXPECT_EQ(nameListFill(tables, NameGroup::Nutrition).front(), utf8ToCp1250("TÁPLÁLÓ ITAL 200 ML"));
+    // A truncated file: the lists stop at its end.
+    directory.write("nevrend.dat", nevrend.substr(0, 120));
+    EXPECT_EQ(nameListFill(tables, NameGroup::Medicines).size(), 3u) << "the third line is cut short";
+    EXPECT_TRUE(nameListFill(tables, NameGroup::Nutrition).empty());
+    directory.remove("nevrend.dat");
+    EXPECT_TRUE(nameListFill(tables, NameGroup::Medicines).empty());
+}
+
+TEST_F(ProductIndexTest, TextPositionsReadExactlyTheirOwnRecord)
+{
+    DataFile nevpos(directory.path() / "nevpos.dat");
+    EXPECT_EQ(textPosition(nevpos, 0), 0u);
+    EXPECT_EQ(textPosition(nevpos, 1), 45u) << "the first block is 45 bytes long";
+    EXPECT_EQ(textPosition(nevpos, 5), std::nullopt) << "past the last record";
+    EXPECT_EQ(textPosition(nevpos, -1), std::nullopt);
+
+    std::string bytes = directory.read("nevpos.dat");
+    bytes.replace(0, 8, "        ");   // an all-blank record must not borrow the next one's number
+    bytes.replace(10, 8, "00000037");  // leading zeros instead of blanks read the same
+    directory.write("nevpos.dat", bytes);
+    DataFile changed(directory.path() / "nevpos.dat");
+    EXPECT_EQ(textPosition(changed, 0), std::nullopt);
+    EXPECT_EQ(textPosition(changed, 1), 37u);
+}
+
+TEST_F(ProductIndexTest, ProductsOfAKeyFollowTheDirectoryRecord)
+{
+    EXPECT_EQ(productsOfKey(directory.path(), IndexPair::Atc, 0), (std::vector<std::int32_t>{1, 2}));
+    EXPECT_EQ(productsOfKey(directory.path(), IndexPair::Atc, 1), (std::vector<std::int32_t>{1, 2}));
+    for (const std::int64_t key : {3, 4, -1})  // the sentinel, past the directory, before it
+        EXPECT_TRUE(productsOfKey(directory.path(), IndexPair::Atc, key).empty()) << key;
+    EXPECT_EQ(productsOfKey(directory.path(), IndexPair::SideEffect, 0), (std::vector<std::int32_t>{0, 2}));
+    EXPECT_EQ(productsOfKey(directory.path(), IndexPair::SideEffect, 1), (std::vector<std::int32_t>{2}));
+}
+
+TEST_F(ProductIndexTest, BadDirectoryAndListRecordsGiveWhatTheDataHolds)
+{
+    struct Case {
+        const char* what;
+        std::string directory;
+        std::string list;
+        std::vector<std::int32_t> expected;
+        IndexPair pair = IndexPair::Atc;
+    };
+    const Case cases[] = {
+        {"count larger than the file", encodeDirectoryRecord({0, 1000000}), "1\r\n2\r\n", {1, 2}},
+        {"offset past the end", encodeDirectoryRecord({999999, 2}), "1\r\n2\r\n", {}},
+        {"negative count", encodeDirectoryRecord({0, -3}), "1\r\n", {}},
+        {"huge offset", encodeDirectoryRecord({2147483647, 2}), "1\r\n", {}},
+        {"text instead of numbers", "abc,2         \r\n", "1\r\n", {}},
+        {"no comma", "0 2           \r\n", "1\r\n", {}},
+        {"list stops at garbage", encodeDirectoryRecord({0, 3}), "1\r\nx\r\n3\r\n", {1}},
+        {"directory cut short", "0,", "1\r\n", {}},
+        {"a count of zero never reads the list", encodeDirectoryRecord({0, 0}), "", {}},
+        {"side-effect lists need their commas",
+         encodeDirectoryRecord({0, 3}),
+         "4,\r\n5\r\n6,\r\n",
+         {4, 5},
+         IndexPair::SideEffect},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        directory.write(directoryFileName(c.pair), c.directory);
+        if (c.list.empty())
+            directory.remove(listFileName(c.pair));
+        else
+            directory.write(listFileName(c.pair), c.list);
+        EXPECT_EQ(productsOfKey(directory.path(), c.pair, 0), c.expected);
+    }
+    directory.remove("atcind.dat");
+    EXPECT_TRUE(productsOfKey(directory.path(), IndexPair::Atc, 0).empty()) << "missing list file";
+}
+
+TEST_F(ProductIndexTest, ContraindicationNamesLoseLeadingBlanks)
+{
+    EXPECT_EQ(contraindicationName(directory.path(), 0), utf8ToCp1250("Terhesség"));
+    EXPECT_EQ(contraindicationName(directory.path(), 1), utf8ToCp1250("Szoptatás"));
+    EXPECT_EQ(contraindicationName(directory.path(), 2), std::nullopt);
+}
+
+TEST_F(ProductIndexTest, AProductBlockEndsAtItsEndMarkerAndALocatedProductHasItsCodeNameAndOffset)
+{
+    DataFile gyful(dataFilePath(directory.path(), "GY.FUL"));
+    DataFile nevpos(directory.path() / "nevpos.dat");
+    const auto block = productBlock(gyful, nevpos, 1);
+    ASSERT_TRUE(block);
+    EXPECT_EQ(*block, (std::vector<std::string>{"C08CA-0101", "C08CA-01", "#ar", "1000", "800", "#vege"}));
+    EXPECT_EQ(identifyProduct(tables, block->front() + "   "), 1);
+    EXPECT_EQ(productBlock(gyful, nevpos, 9), std::nullopt);
+    const auto location = locateProduct(tables, 2);
+    ASSERT_TRUE(location);
+    EXPECT_EQ(location->code, "C08CA-0102");
+    EXPECT_EQ(location->name, utf8ToCp1250("GAMMA 10 MG TABLETTA 30X"));
+    EXPECT_EQ(location->offset, 2u * 45u);  // two blocks of 45 bytes before it
+    EXPECT_EQ(locateProduct(tables, 5), std::nullopt);
+}
+
+TEST_F(ProductIndexTest, AProductBlockCutsLongLinesAndStopsAtTheEndOfTheFile)
+{
+    directory.write("gy.ful", "C08CA-0101\r\n" + std::string(400, 'k') + "\r\n#ar");
+    directory.write("nevpos.dat", encodePositionRecord(0) + encodePositionRecord(5000));
+    DataFile gyful(directory.path() / "gy.ful");
+    DataFile nevpos(directory.path() / "nevpos.dat");
+    EXPECT_EQ(productBlock(gyful, nevpos, 0, 255),
+              (std::vector<std::string>{"C08CA-0101", std::string(254, 'k'), "#ar"}));
+    EXPECT_EQ(productBlock(gyful, nevpos, 1), std::nullopt) << "offset past the end of gy.ful";
 }
 
 }  // namespace
