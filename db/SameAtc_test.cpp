@@ -4,7 +4,7 @@
 
 #include "db/Cp1250.h"
 #include "db/StartupTables.h"
-#include "tests/fixtures/SixProductDatabase.h"
+#include "tests/fixtures/Databases.h"
 
 namespace rovanel
 {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "db/Cp1250.h"
-#include "tests/support/TinyDatabase.h"
+#include "tests/fixtures/Databases.h"
 
 namespace rovanel
 {

@@ -7,7 +7,7 @@
 
 #include "db/Cp1250.h"
 #include "rx/PrintLayout.h"
-#include "tests/fixtures/SixProductDatabase.h"
+#include "tests/fixtures/Databases.h"
 #include "tests/support/PdfWords.h"
 #include "tests/support/RunRvcli.h"
 #include "tests/support/ScratchDirectory.h"

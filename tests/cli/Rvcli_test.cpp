@@ -8,8 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/fixtures/SixProductDatabase.h"
-#include "tests/support/DetailedListDatabase.h"
+#include "tests/fixtures/Databases.h"
 #include "tests/support/EngineDatabase.h"
 #include "tests/support/RunRvcli.h"
 
