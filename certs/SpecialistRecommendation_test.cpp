@@ -4,7 +4,7 @@
 
 #include "db/Cp1250.h"
 #include "db/TextList.h"
-#include "tests/support/RecordLayouts.h"
+#include "tests/support/EngineDatabase.h"
 #include "tests/support/ScratchDirectory.h"
 
 namespace rovanel

@@ -40,8 +40,8 @@
 #include "rx/BnoTree.h"
 #include "rx/PackageData.h"
 #include "rx/Qualification.h"
+#include "tests/fixtures/Databases.h"
 #include "tests/support/NeakSource.h"
-#include "tests/support/TinyDatabase.h"
 
 namespace rovanel
 {

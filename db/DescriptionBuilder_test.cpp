@@ -8,7 +8,7 @@
 #include "db/SameAtc.h"
 #include "db/StartupTables.h"
 #include "db/StyledDocument.h"
-#include "tests/fixtures/SixProductDatabase.h"
+#include "tests/fixtures/Databases.h"
 
 namespace rovanel
 {

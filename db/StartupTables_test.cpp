@@ -5,7 +5,7 @@
 
 #include "db/Cp1250.h"
 #include "db/ProductIndex.h"
-#include "tests/support/TinyDatabase.h"
+#include "tests/fixtures/Databases.h"
 
 namespace rovanel
 {

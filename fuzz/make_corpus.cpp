@@ -12,7 +12,7 @@
 #include "db/DataFile.h"
 #include "fuzz/FuzzLayouts.h"
 #include "gen/DatabaseGenerator.h"
-#include "tests/support/TinyDatabase.h"
+#include "tests/fixtures/Databases.h"
 
 using namespace rovanel;
 using namespace rovanel::fuzzing;

@@ -7,7 +7,7 @@
 #include "db/Cp1250.h"
 #include "db/MessageCatalog.h"
 #include "db/StartupTables.h"
-#include "tests/support/DetailedListDatabase.h"
+#include "tests/fixtures/Databases.h"
 
 namespace rovanel
 {

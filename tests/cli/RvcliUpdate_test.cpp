@@ -30,9 +30,11 @@ using Socket = SOCKET;
     return ::WSAStartup(MAKEWORD(2, 2), &data) == 0;
 }();
 void closeSocket(Socket socket) { ::closesocket(socket); }
+constexpr int kSendFlags = 0;
 #else
 using Socket = int;
 void closeSocket(Socket socket) { ::close(socket); }
+constexpr int kSendFlags = MSG_NOSIGNAL;  // a client gone is no signal
 #endif
 
 // Answers one connection with `reply` and keeps the first line of its request.
@@ -56,11 +58,7 @@ public:
             request.resize(
                 static_cast<std::size_t>(std::max<long long>(0, ::recv(client, request.data(), 4096, 0))));
             requestLine = request.substr(0, request.find("\r\n"));
-#if defined(_WIN32)
-            (void)::send(client, reply.data(), static_cast<int>(reply.size()), 0);
-#else
-            (void)::send(client, reply.data(), reply.size(), MSG_NOSIGNAL);
-#endif
+            (void)::send(client, reply.data(), static_cast<int>(reply.size()), kSendFlags);
             closeSocket(client);
         });
     }
@@ -74,10 +72,6 @@ public:
         m_thread.join();
         ::close(m_socket);
 #endif
-    }
-    [[nodiscard]] std::string url() const
-    {
-        return "http://127.0.0.1:" + std::to_string(port) + "/rvupg.ini";
     }
     int port = 0;
     std::string requestLine;
@@ -94,38 +88,37 @@ std::string ok(const std::string& body)
 
 TEST(RvcliCheckUpdate, PrintsTheThreeLinesAndWhetherTheyAnnounceANewerDatabase)
 {
-    const std::string notice = "20261201\r\n2026.12.01\r\nwww.rovanel.hu\r\n";
+    const std::string notice = ok("20261201\r\n2026.12.01\r\nwww.rovanel.hu\r\n");
     const std::string lines = "line 1: 20261201\nline 2: 2026.12.01\nline 3: www.rovanel.hu\n";
+    const std::string url = "http://127.0.0.1:$PORT/rvupg.ini ", get = "GET /rvupg.ini HTTP/1.0";
+    const std::string proxied = "http://frissites.rovanel.invalid/rvupg.ini";
+    const std::string closedPort = std::to_string(LoopbackServer("").port);
     const struct {
-        const char* what;
         std::string reply;
-        std::string arguments;  // after the address
+        std::string arguments;  // $PORT: the server's
         int exitCode;
-        std::string out;
+        std::string out, requestLine;
     } cases[] = {
-        {"newer", ok(notice), "20261101", 0, lines + "newer\n"},
-        {"equal", ok(notice), "20261201", 0, lines + "not newer\n"},
-        {"404", "HTTP/1.0 404 Not Found\r\n\r\nnincs", "1", 1,
-         "rvcli: Hiba: 127.0.0.1 nem érhető el. (HTTP status 404)\n"},
+        {notice, url + "20261101", 0, lines + "newer\n", get},
+        {notice, url + "20261201", 0, lines + "not newer\n", get},
+        {"HTTP/1.0 404 Not Found\r\n\r\nnincs", url + "1", 1,
+         "rvcli: Hiba: 127.0.0.1 nem érhető el. (HTTP status 404)\n", get},
+        {notice, proxied + " 1 --proxy 127.0.0.1:$PORT", 0, lines + "newer\n",
+         "GET " + proxied + " HTTP/1.0"},
+        {notice, "http://127.0.0.1:" + closedPort + "/ 1", 1,
+         "rvcli: Hiba: 127.0.0.1 nem érhető el. (connection failed)\n", ""},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
         LoopbackServer server(c.reply);
-        const auto run = rvcli("check-update " + server.url() + " " + c.arguments, true);
+        std::string arguments = c.arguments;
+        if (const std::size_t at = arguments.find("$PORT"); at != std::string::npos)
+            arguments.replace(at, 5, std::to_string(server.port));
+        SCOPED_TRACE(arguments);
+        const auto run = rvcli("check-update " + arguments, true);
         EXPECT_EQ(run.exitCode, c.exitCode);
         EXPECT_EQ(run.out, c.out);
-        EXPECT_EQ(server.requestLine, "GET /rvupg.ini HTTP/1.0");
+        EXPECT_EQ(server.requestLine, c.requestLine);
     }
-
-    LoopbackServer proxy(ok(notice));
-    EXPECT_EQ(rvcli("check-update http://frissites.rovanel.invalid/rvupg.ini 1 --proxy 127.0.0.1:" +
-                    std::to_string(proxy.port))
-                  .exitCode,
-              0);
-    EXPECT_EQ(proxy.requestLine, "GET http://frissites.rovanel.invalid/rvupg.ini HTTP/1.0");
-    const int closedPort = LoopbackServer("").port;
-    EXPECT_EQ(rvcli("check-update http://127.0.0.1:" + std::to_string(closedPort) + "/ 1", true).out,
-              "rvcli: Hiba: 127.0.0.1 nem érhető el. (connection failed)\n");
 }
 
 }  // namespace

@@ -1,16 +1,18 @@
 // rvcli run as a program: its own behaviour only. Argument parsing, usage and help lines, exit codes
-// 0/1/2, UTF-8 output and each command's output format, one representative case a command. What the
-// commands compute is the core's and its tests'; the PDFs rvcli writes: RvcliPrint_test; check-update's
+// 0/1/2, UTF-8 output and each command's output format, one representative case a command, and the PDFs
+// it writes read back by poppler. What the commands compute is the core's and its tests'; check-update's
 // HTTP: RvcliUpdate_test.
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include <algorithm>
 #include <string>
 #include <vector>
 
-#include "tests/fixtures/SixProductDatabase.h"
-#include "tests/support/DetailedListDatabase.h"
+#include "db/Cp1250.h"
+#include "rx/PrintLayout.h"
+#include "tests/fixtures/Databases.h"
 #include "tests/support/EngineDatabase.h"
+#include "tests/support/PdfWords.h"
 #include "tests/support/RunRvcli.h"
 
 namespace
@@ -19,19 +21,10 @@ namespace
 using rovanel::testing::CliRun;
 using rovanel::testing::rvcli;
 
-const std::string kDemo = ROVANEL_DEMO_DB;
-
-std::vector<std::string> lines(const std::string& text)
-{
-    std::vector<std::string> result;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) result.push_back(line);
-    return result;
-}
-
 // The databases and files the cases name: $DEMO (the generated demo database), $SIX (six products of
 // three ATC groups), $DETAILED (the detailed list's groups), $ENGINE (three drugs with a careful code, a
-// contraindication, a side effect and an ingredient) and $FILES (a patient INI file and a public-care list).
+// contraindication, a side effect and an ingredient) and $FILES (a patient INI file, a saved drug record
+// and a public-care list).
 struct Inputs {
     rovanel::testing::SixProductDatabase six;
     rovanel::testing::ScratchDirectory detailed, engine, files;
@@ -49,9 +42,13 @@ struct Inputs {
         database.sideEffects = {{"Fejfájás", {0, 2}}};
         database.ingredients = {{"amlodipin", {0, 1}}};
         database.write(engine);
-        files.write("beteg.ini", "[BetegAdatok]\nBeteg neve=Kiss Eva\nOrvosNeve=Dr. Szabo\n");
+        files.write("beteg.ini", rovanel::utf8ToCp1250("[BetegAdatok]\nBeteg neve=Kiss Éva\n"
+                                                       "Beteg TAJ=123456789\nBeteg bno=I10H0\n"));
+        files.write(
+            "record.txt",
+            "210751477;C08CA-0103;Algopyrin 500 mg;1;II;duo;D.S.: naponta 3x1;;20261101;J4500;4~\r\n");
         files.write("kgy.txt", "C08CA01;1234567;Norvasc 5 mg;tabletta;amlodipin \r\n");
-        names = {{"$DEMO", kDemo},
+        names = {{"$DEMO", ROVANEL_DEMO_DB},
                  {"$SIX", six.write().string()},
                  {"$DETAILED", detailed.path().string()},
                  {"$ENGINE", engine.path().string()},
@@ -101,6 +98,7 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
         {"print-rx x.ini", 2, ""},
         {"print-rx x.ini --format 3", 2, ""},
         {"print-rx x.ini --format 1 --left x", 2, ""},
+        {"print-rx x.ini --format 1 --pdf $FILES/beteg.ini/a.pdf", 2, "A PDF fájl nem írható: "},
         {"recommendation $FILES $FILES/beteg.ini --atc C08CA01", 2, "inf.dat is missing or unreadable\n"},
         // Not found: 1.
         {"locate $DEMO 99999999", 1, ""},
@@ -108,6 +106,20 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
         {"row $DETAILED 8", 1, ""},
         {"print-rx x.ini --format 1 --record $FILES/none", 1, "none: cannot read\n"},
         // Done: 0, UTF-8 on standard output, messages on standard error.
+        {"--help", 0, "\n  verify          what is inconsistent in a database directory\n"},
+        {"--help", 0,
+         "exit codes:\n  0  done\n  1  not found, refused or inconsistent\n"
+         "  2  usage error, or an input that cannot be read\n"},
+        {"gen --help", 0,
+         "usage: rvcli gen DIR [--products N] [--seed S]\n"
+         "write a complete, self-consistent synthetic database into DIR and list its planted cases\n\n"
+         "  DIR           the database directory to write (made when missing)\n"
+         "  --products N  number of products, 10000 when not given\n"
+         "  --seed S      the generator's seed, 1 when not given\n",
+         true},
+        {"--version", 0, "rvcli (Rovanel) "},
+        {"--man", 0, ".TH RVCLI 1 "},
+        {"--man", 0, ".TP\n.B rvcli gen DIR [\\-\\-products N] [\\-\\-seed S]\n"},
         {"info $SIX", 0, "products: 6\nmedicines: 4\nnutrition: 1\nothers: 1\nclosing: \n", true},
         {"info $DEMO", 0, "\nclosing: 20"},  // zaras.inf's first line
         {"names $SIX --nutrition", 0, "TAPSZER POR 400 G\n", true},
@@ -143,7 +155,7 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
         {"latin 120", 0, "centum et  viginti (CXX)\n", true},
         {"titles $DEMO 0", 0, "Normatív\n"},
         {"print-rx $FILES/beteg.ini --format 1 --title 2 --drug Algopyrin", 0,
-         "1\tNev\t198\t164\tKiss Eva\n"},
+         "1\tNev\t198\t164\tKiss Éva\n"},
         {"certificate $FILES/beteg.ini $FILES/kgy.txt --date 20261123", 0, "\n2026.11.23.\nP. H.\n"},
         {"certificate $FILES/beteg.ini $FILES/none.txt", 0, "Üres közgyógy lista\n"},
         {"recommendation $SIX $FILES/beteg.ini --atc C08CA01 --bno I1000 --title \"90%  EU1234\" --date "
@@ -165,34 +177,59 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
     }
 }
 
-TEST(Rvcli, HelpVersionAndManualPageComeFromTheCommandTable)
+TEST(Rvcli, EveryUsageLineHasAManualEntry)
 {
-    const CliRun help = rvcli("--help");
-    EXPECT_EQ(help.exitCode, 0);
-    EXPECT_NE(help.out.find("\n  verify          what is inconsistent in a database directory\n"),
-              std::string::npos);
-    EXPECT_NE(help.out.find("exit codes:\n  0  done\n  1  not found, refused or inconsistent\n"
-                            "  2  usage error, or an input that cannot be read\n"),
-              std::string::npos);
-    const CliRun gen = rvcli("gen --help");
-    EXPECT_EQ(gen.exitCode, 0);
-    EXPECT_EQ(gen.out,
-              "usage: rvcli gen DIR [--products N] [--seed S]\n"
-              "write a complete, self-consistent synthetic database into DIR and list its planted cases\n\n"
-              "  DIR           the database directory to write (made when missing)\n"
-              "  --products N  number of products, 10000 when not given\n"
-              "  --seed S      the generator's seed, 1 when not given\n");
-    EXPECT_EQ(rvcli("--version").out.rfind("rvcli (Rovanel) ", 0), 0u);
-    const std::string man = rvcli("--man").out;
-    EXPECT_EQ(man.rfind(".TH RVCLI 1 ", 0), 0u);
-    EXPECT_NE(man.find(".TP\n.B rvcli gen DIR [\\-\\-products N] [\\-\\-seed S]\n"), std::string::npos);
+    const std::string man = rvcli("--man").out, usage = rvcli("", true).out;
     std::size_t entries = 0;
     for (std::size_t at = man.find(".TP\n.B rvcli "); at != std::string::npos;
          at = man.find(".TP\n.B rvcli ", at + 1))
         ++entries;
-    const std::size_t usageLines = lines(rvcli("", true).out).size();
+    const auto usageLines = static_cast<std::size_t>(std::count(usage.begin(), usage.end(), '\n'));
     EXPECT_EQ(usageLines, 29u) << "usage: and one line per command";
     EXPECT_EQ(entries, usageLines - 1) << "one manual entry per usage line";
+}
+
+constexpr double mm(int units) { return units * rovanel::kMillimetresPerLayoutUnit; }
+
+// Each value at its place in the PDF, print-rx's margins applied to the chosen format's own pair.
+TEST(Rvcli, PdfValuesStandInTheirBoxesShiftedByTheMargins)
+{
+    struct Word {
+        int left, top;
+        const char* text;
+    };
+    const std::vector<std::pair<std::string, std::vector<Word>>> cases = {
+        {"print-rx $FILES/beteg.ini --format 0 --left -12 --top 20 --title 2",
+         {{26, 176, "Kiss Éva"}, {188, 307, "X"}}},
+        {"print-rx $FILES/beteg.ini --format 2 --left 600 --top -4 --title 2",
+         {{638, 152, "Kiss Éva"}, {828, 290, "X"}}},
+        // A saved drug record: its drug, BNO code, date and title (4: Eü. kiemelt) stand in; not
+        // substitutable.
+        {"print-rx $FILES/beteg.ini --format 1 --left 0 --top 0 --record $FILES/record.txt",
+         {{38, 360, "Algopyrin 500 mg"},
+          {176, 260, "J 4 5 0 0"},
+          {256, 260, "2 0 2 6 1 1 0 1"},
+          {332, 294, "X"},
+          {410, 260, "X"}}},
+        {"certificate $FILES/none.ini $FILES/kgy.txt",
+         {{76, 76 + 16 * 2, "Neve: Beteg neve"}, {76 + 55 * 8, 76, "Háziorvosi igazolás"}}},
+        {"recommendation $SIX $FILES/beteg.ini --atc C08CA01",
+         {{280, 125, "Kiss Éva"}, {80, 455, "amlodipin"}}},
+    };
+    const Inputs inputs;
+    std::vector<std::string> pdfs;
+    for (const auto& [arguments, words] : cases) {
+        pdfs.push_back(inputs.expand("$FILES/out" + std::to_string(pdfs.size()) + ".pdf"));
+        EXPECT_EQ(rvcli(inputs.expand(arguments) + " --pdf " + pdfs.back()).exitCode, 0) << arguments;
+    }
+    ROVANEL_SKIP_READING_PDF();
+    for (std::size_t i = 0; i < pdfs.size(); ++i) {
+        SCOPED_TRACE(cases[i].first);
+        const auto words = rovanel::testing::pdfWords(pdfs[i]);
+        ASSERT_FALSE(words.empty()) << "pdftotext (poppler-utils) is needed";
+        for (const Word& word : cases[i].second)
+            EXPECT_EQ(rovanel::testing::textAt(words, mm(word.left), mm(word.top)), word.text);
+    }
 }
 
 }  // namespace

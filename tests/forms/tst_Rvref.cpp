@@ -6,7 +6,6 @@
 #include "db/DataFile.h"
 #include "pricelist/forms/Rvref.h"
 #include "tests/forms/support/Windows.h"
-#include "tests/support/DetailedListDatabase.h"
 
 namespace
 {

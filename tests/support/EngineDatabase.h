@@ -1,6 +1,6 @@
 // The test databases' builder: a database described by its products and tables, written with the
 // generator's record encoders (db/RecordLayout.h) and index writers (gen/ProductModel.h). The fixtures
-// (TinyDatabase.h, DetailedListDatabase.h, tests/fixtures/SixProductDatabase.h) are such descriptions.
+// (tests/fixtures/Databases.h) are such descriptions.
 // Names and texts are UTF-8 here and Windows-1250 in the files; layouts as in docs/data-format.md.
 #pragma once
 
@@ -14,13 +14,23 @@
 
 #include "db/Cp1250.h"
 #include "db/MessageCatalog.h"
+#include "db/RecordLayout.h"
 #include "db/StartupTables.h"
 #include "gen/ProductModel.h"
-#include "tests/support/RecordLayouts.h"
 #include "tests/support/ScratchDirectory.h"
 
 namespace rovanel::testing
 {
+
+// Names in the fixed-length records of db/RecordLayout.h, given in UTF-8.
+inline std::string nameLine(const std::string& name)
+{
+    return encodeFixedLine(utf8ToCp1250(name), kNameLineLength);
+}
+inline std::string nameFileLine(const std::string& name)
+{
+    return encodeFixedLine(utf8ToCp1250(name), kNameFileLineLength);
+}
 
 // A gy.ful block from its lines, '|' between them: Windows-1250, CR LF after each line.
 inline std::string blockLines(std::string_view lines)
@@ -34,27 +44,17 @@ inline std::string blockLines(std::string_view lines)
     return text;
 }
 
+// Given in braces: {code, name, own, careful, avoid, contraindications}, the ones after name when wanted.
 struct EngineProduct {
-    EngineProduct(std::string productCode, std::string productName, std::vector<std::string> ownCodes = {},
-                  std::vector<std::string> carefulCodes = {}, std::vector<std::string> avoidCodes = {},
-                  std::vector<std::string> contraindicationCodes = {})
-        : code(std::move(productCode)),
-          name(std::move(productName)),
-          own(std::move(ownCodes)),
-          careful(std::move(carefulCodes)),
-          avoid(std::move(avoidCodes)),
-          contraindications(std::move(contraindicationCodes))
-    {
-    }
     std::string code;  // 10 characters
     std::string name;
-    std::vector<std::string> own;  // ATC codes of its substances
-    std::vector<std::string> careful, avoid, contraindications;
+    std::vector<std::string> own = {};  // ATC codes of its substances
+    std::vector<std::string> careful = {}, avoid = {}, contraindications = {};
     std::string supportLine =
         "30;0;0;0;1--;-;2;1;0^1@210751477#-$-*-[3]0{0}0(0)-\xB3"
         "0@C08CA01";
     std::string priceLines = "1000\r\n800";  // the lines between "#ar" and "#ha"
-    std::string block;                       // the gy.ful block as written; made from the fields when empty
+    std::string block = {};                  // the gy.ful block as written; made from the fields when empty
 
     [[nodiscard]] std::string gyBlock() const
     {

@@ -6,8 +6,6 @@
 #include <optional>
 #include <string>
 
-#include "tests/support/Environment.h"
-
 namespace rovanel::testing
 {
 
@@ -33,10 +31,14 @@ public:
 private:
     static void put(const std::string& name, const std::optional<std::string>& value)
     {
+#if defined(_WIN32)
+        ::_putenv_s(name.c_str(), value ? value->c_str() : "");  // an empty value removes it
+#else
         if (value)
             ::setenv(name.c_str(), value->c_str(), 1);
         else
             ::unsetenv(name.c_str());
+#endif
     }
     std::map<std::string, std::optional<std::string>> m_saved;
 };

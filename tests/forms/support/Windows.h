@@ -16,14 +16,13 @@
 #include "db/MessageCatalog.h"
 #include "db/MessageTable.h"
 #include "db/SharedState.h"
-#include "tests/fixtures/SixProductDatabase.h"
+#include "tests/fixtures/Databases.h"
 #include "tests/forms/support/Capture.h"
 #include "tests/forms/support/Controls.h"
 #include "tests/forms/support/MessageRecorder.h"
 #include "tests/forms/support/UserProfile.h"
 #include "tests/support/EngineDatabase.h"
 #include "tests/support/ScratchDirectory.h"
-#include "tests/support/TinyDatabase.h"
 
 // A shared state over a database folder, its start-up tables loaded as the program loads them (without
 // user settings): a stored database (the demo or the real one), or a small one written for the test into
@@ -41,7 +40,7 @@ struct DatabaseState {
     void open(const std::filesystem::path& folder) { state.openDatabase(folder, folder / "no-user.ini"); }
 };
 
-// The six-product database (tests/fixtures/SixProductDatabase.h).
+// The six-product database (tests/fixtures/Databases.h).
 struct SixProductState {
     rovanel::testing::SixProductDatabase database;
     std::filesystem::path directory = database.write();
@@ -75,7 +74,7 @@ struct WindowSurroundings {
     MessageRecorder messages;
 };
 
-// The program's start: the tiny database (tests/support/TinyDatabase.h) with the title pictures as the
+// The program's start: the tiny database (tests/fixtures/Databases.h) with the title pictures as the
 // working directory, in a fresh profile, every message recorded.
 struct TinyDatabaseStart : WindowSurroundings {
     rovanel::testing::ScratchDirectory data;
