@@ -76,7 +76,7 @@ TEST_F(DescriptionBuilder, ProductWithEverySectionReadsInSectionOrder)
               "\nEgyüttadása kerülendő:\nnátrium-fluorid (A01AA01)\n"
               "\nMérgezés esetén teendő:\nGyomormosás, tüneti kezelés.\n"
               "\nFigyelmeztetések:\nGépjárművezetést befolyásolhatja.\n"
-              "\nEgyéb nevek:\nAmlodipin original\n");
+              "\nEgyéb nevek:\nAmlodipin Pharma\n");
     EXPECT_TRUE(built);
 }
 

@@ -1,7 +1,7 @@
 // The drug selection that the interaction and side-effect windows share with the interaction engine:
 // the drugs a patient takes (SzedettGy), the patient's contraindications (EllSel) and the engine's last
 // report (KhResult). Owned by the main window's SharedState; both windows change it only through the
-// operations below, whose odd limits are kept on purpose (see each, and DrugSelection_test).
+// operations below, whose odd limits are kept on purpose (see each, and Interaction_test).
 #pragma once
 
 #include <array>
@@ -52,7 +52,7 @@ struct DrugSelection {
     // Adds contraindication node `node` (-1: nothing chosen). The limit test is count + 1 < 20, so the
     // 20th is already refused although the message speaks of 20.
     [[nodiscard]] SelectionChange addContraindication(std::int32_t node);
-    // As deleteDrug, on EllSel; the message speaks of a drug all the same (DrugSelection_test).
+    // As deleteDrug, on EllSel; the message speaks of a drug all the same (Interaction_test).
     [[nodiscard]] SelectionChange deleteContraindication(int listLines, int selectedRow);
     // All 21 slots to -1, count 0.
     void clearContraindications();

@@ -1,7 +1,7 @@
 // The found-drug table: the rows of a result list in order, (record number, flag) each. The interaction
 // engine, the same-ATC fill and the side-effect and ingredient searches write it; their result lists map
 // line i to entry i. It is one table shared by the windows: a list still showing an older result maps its
-// lines to whatever was written last (kept on purpose, see Searches_test).
+// lines to whatever was written last (kept on purpose, see Interaction_test).
 #pragma once
 
 #include <cstdint>

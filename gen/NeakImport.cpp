@@ -1240,7 +1240,7 @@ std::string displayName(std::string_view name, std::string_view pack, bool* cut)
     const std::string tail = packText.empty() ? std::string() : " " + packText;
     const std::size_t room = kNameWidth - std::min(tail.size(), kNameWidth - 8);
     std::string base = cleanText(name);
-    const std::string original = base;
+    const std::string uncut = base;
     for (const auto& [word, shorter] : kShortForms) {
         if (base.size() <= room) break;
         const std::string from = cp(word), to = cp(shorter);
@@ -1248,7 +1248,7 @@ std::string displayName(std::string_view name, std::string_view pack, bool* cut)
             base.replace(at, from.size(), to);
     }
     base = cutTo(base, room);
-    if (cut) *cut = base != original;
+    if (cut) *cut = base != uncut;
     return cutTo(base + tail, kNameWidth);
 }
 
