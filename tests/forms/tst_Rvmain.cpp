@@ -12,6 +12,8 @@ using rovanel::testing::ScratchDirectory;
 namespace
 {
 
+enum class StartChange { None, OldDatabase, KeyWithoutValue, NoTitlePicture };
+
 // "name caption shortcut", and "(off)" for a disabled item.
 QStringList describe(const QList<QAction*>& actions)
 {
@@ -59,9 +61,10 @@ private slots:
     void init() { m_start = std::make_unique<TinyDatabaseStart>(); }
     void cleanup() { m_start.reset(); }
 
-    void menuHoldsEveryItemWithCaptionAndShortcut()
+    void menuHoldsEveryItemWithCaptionAndShortcutAndVgeEndsTheProgram()
     {
         TMain main({});
+        QCOMPARE(main.state().tables.productNames.size(), std::size_t{5});
         auto* drugs = control<QMenu>(main, "Edit1");
         QCOMPARE(drugs->title(), QString("&Gyógyszer"));
         // No window of this program is attached here: only the refresh and exit items work.
@@ -76,6 +79,13 @@ private slots:
         QCOMPARE(describe(control<QMenuBar>(main, "MainMenu1")->actions()),
                  (QStringList{"Edit1Item &Gyógyszer", "Bno1 &Bno (off)", "Segdeszkz1 &Segédeszköz (off)",
                               "Belltsok1 Beá&llítások (off)", "Frissites &Frissítés", "Vge1 Vége"}));
+        // "Vége" releases the tables and ends the program.
+        QSignalSpy closed(&main, &TMain::closed);
+        main.show();
+        control<QAction>(main, "Vge1")->trigger();
+        QCOMPARE(closed.count(), 1);
+        QVERIFY(main.state().tables.productNames.empty());
+        QVERIFY(main.state().tables.productCodes.empty());
     }
 
     void attachedWindowOpensFromItsItemAndShortcut()
@@ -149,23 +159,6 @@ private slots:
         QCOMPARE(regulations.isVisible(), opened == "regulations");
     }
 
-    // The age rules themselves are pinned by DatabaseAge_test; here the window's title and message.
-    void titleCarriesClosingDateAndAgeWarning()
-    {
-        QFile file(QString::fromStdString((m_start->data.path() / "gy.ful").string()));
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QVERIFY(
-            file.setFileTime(QDateTime::currentDateTime().addMonths(-12), QFileDevice::FileModificationTime));
-        TMain main({});
-        QCOMPARE(
-            main.windowTitle(),
-            QString("Rovanel - 20261101 Lezárva:2026.11.01 - Az adatbázis sokat veszített aktualitásából! "));
-        QCOMPARE(main.ClosingDate, std::string("20261101"));
-        QCOMPARE(messages(),
-                 QStringList{"Az adatbázis sokat veszített aktualitásából,\n        frissítse a programot."});
-        QCOMPARE(m_start->messages.captions(), QStringList{"Rovanel"});
-    }
-
     void parametersChooseWhatOpens_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -203,35 +196,51 @@ private slots:
         QCOMPARE(main.PicCount, 1);  // Rg0.jpg and Rg1.jpg; r1.jpg and r2.jpg do not count
     }
 
-    // The defaults and the reads themselves are pinned by RegistrySettings_test; here what the window
-    // does with them.
-    void cleanProfileGetsEveryRegistryDefault()
+    // What the window does at start with the database's age (DatabaseAge_test), the registry
+    // (RegistrySettings_test) and the title picture: its title and its messages; start-up goes on.
+    void startShowsTheTitleAndSaysWhatIsWrong_data()
     {
+        QTest::addColumn<StartChange>("change");
+        QTest::addColumn<QStringList>("shown");
+        QTest::newRow("clean profile") << StartChange::None << QStringList{};
+        QTest::newRow("year-old database")
+            << StartChange::OldDatabase
+            << QStringList{"Az adatbázis sokat veszített aktualitásából,\n        frissítse a programot."};
+        QTest::newRow("registry key without value")
+            << StartChange::KeyWithoutValue << QStringList{"A rendszer nem találja a megadott fájlt."};
+        QTest::newRow("missing title picture")
+            << StartChange::NoTitlePicture << QStringList{"A(z) \"Rg0.jpg\" kép nem tölthető be."};
+    }
+
+    void startShowsTheTitleAndSaysWhatIsWrong()
+    {
+        QFETCH(StartChange, change);
+        QFETCH(QStringList, shown);
+        if (change == StartChange::OldDatabase) {
+            QFile file(QString::fromStdString((m_start->data.path() / "gy.ful").string()));
+            QVERIFY(file.open(QIODevice::ReadWrite));
+            QVERIFY(file.setFileTime(QDateTime::currentDateTime().addMonths(-12),
+                                     QFileDevice::FileModificationTime));
+        } else if (change == StartChange::KeyWithoutValue) {
+            m_start->profile.directory().write("registry.ini", "[Software\\Rovanel\\CheckUpg]\r\n");
+        } else if (change == StartChange::NoTitlePicture) {
+            m_start->data.remove("Rg0.jpg");
+        }
         TMain main({});
-        QVERIFY(messages().isEmpty());
+        QCOMPARE(main.windowTitle(), change == StartChange::OldDatabase
+                                         ? "Rovanel - 20261101 Lezárva:2026.11.01 - Az adatbázis sokat "
+                                           "veszített aktualitásából! "
+                                         : "Rovanel - 20261101 Lezárva:2026.11.01");
+        QCOMPARE(main.ClosingDate, std::string("20261101"));
+        QCOMPARE(messages(), shown);
+        QCOMPARE(m_start->messages.captions(), QStringList(shown.size(), "Rovanel"));
         QVERIFY(main.UpgChecked);  // set at creation whatever CheckUpg says; FormShow clears it
-        QVERIFY(m_start->profile.directory().read("registry.ini").find("CheckUpg=dword:1") !=
-                std::string::npos);
-        main.show();
-        QVERIFY(!main.UpgChecked);
-    }
-
-    void keyWithoutValueShowsTheReadErrorAtStart()
-    {
-        m_start->profile.directory().write("registry.ini", "[Software\\Rovanel\\CheckUpg]\r\n");
-        TMain main({});
-        QCOMPARE(messages(), QStringList{"A rendszer nem találja a megadott fájlt."});
-        QVERIFY(main.UpgChecked);
-    }
-
-    void missingPictureIsReportedAndStartGoesOn()
-    {
-        m_start->data.remove("Rg0.jpg");
-        TMain main({});
-        QCOMPARE(messages(), QStringList{"A(z) \"Rg0.jpg\" kép nem tölthető be."});
+        if (change == StartChange::None)
+            QVERIFY(m_start->profile.directory().read("registry.ini").find("CheckUpg=dword:1") !=
+                    std::string::npos);
         main.show();
         QVERIFY(main.menuBar()->isVisible());
-        QVERIFY(main.windowTitle().contains("Lezárva"));
+        QVERIFY(!main.UpgChecked);
     }
 
     void helpKeyOpensTheMainWindowPage()
@@ -262,18 +271,6 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(help));
         QTest::keyClick(help, Qt::Key_Escape);
         QVERIFY(!help->isVisible());
-    }
-
-    void closingReleasesTheTablesAndEndsTheProgram()
-    {
-        TMain main({});
-        QCOMPARE(main.state().tables.productNames.size(), std::size_t{5});
-        QSignalSpy closed(&main, &TMain::closed);
-        main.show();
-        control<QAction>(main, "Vge1")->trigger();
-        QCOMPARE(closed.count(), 1);
-        QVERIFY(main.state().tables.productNames.empty());
-        QVERIFY(main.state().tables.productCodes.empty());
     }
 
     // The data root: "--data DIR" or ROVANEL_DATA_DIR alone, else the working directory, then the user's
