@@ -85,11 +85,18 @@ private slots:
     void init() { m_scratch = std::make_unique<Scratch>(); }
     void cleanup() { m_scratch.reset(); }
 
+    // Written, checked, saved, and handed to the specialist recommendation.
     void prescriptionForAPackageIsWrittenCheckedAndSaved()
     {
         const std::int32_t record = packageWithFeeKey();
         QVERIFY(record >= 0);
         auto form = makeForm();
+        QVERIFY(!control<QPushButton>(*form, "RpSzakJav")->isEnabled());  // nothing to open
+        Tszj recommendation(m_demo.state);
+        form->setRecommendationOpener([&recommendation](const rovanel::RecommendationHandover& handover) {
+            recommendation.show();
+            recommendation.fill(handover);
+        });
         QVERIFY(!form->openForPackage(-1));
         QCOMPARE(messages(), QStringList{"A kurzor nem kiszerelést tartalmazó sorban van!"});
         QVERIFY(!form->isVisible());
@@ -148,6 +155,17 @@ private slots:
         list->setCurrentRow(list->count() - 1);
         form->BnoEuLstRightClick();
         QCOMPARE(messages(), QStringList{"Hibás kód:_EU999/z"});
+
+        control<QLineEdit>(*form, "BetegNev")->setText("Kiss Éva");
+        click(*form, "RpSzakJav");
+        QVERIFY(recommendation.isVisible());
+        const rovanel::RecommendationGrids grids = recommendation.grids();
+        // The cells are SpecialistRecommendation_test's; here the name, the BNO code and the support arrive.
+        QCOMPARE(grids.bg[0][1], rovanel::utf8ToCp1250("Kiss Éva"));
+        QCOMPARE(grids.gg[1][0], code.toStdString());
+        QCOMPARE(grids.gg[1][5],
+                 rovanel::packageData(m_demo.state.tables, kDemo, record)->designation.substr(0, 3));
+        QVERIFY(messages().isEmpty());
     }
 
     // Without an entry of the drug's own only three titles are offered; one shown as "-" is refused.
@@ -262,31 +280,6 @@ private slots:
         QCOMPARE(previewed.orientation, QPageLayout::Landscape);
         QVERIFY(messages().isEmpty());
         QCOMPARE(previewed.at(38 + 600, 360 - 12), QString("Rp. Acidi borici 2,0"));  // RpTxt of the new form
-    }
-
-    void specialistRecommendationTakesTheDrugAndItsSupport()
-    {
-        const std::int32_t record = packageWithFeeKey();
-        QVERIFY(record >= 0);
-        const auto package = rovanel::packageData(m_demo.state.tables, kDemo, record);
-        auto form = makeForm();
-        QVERIFY(!control<QPushButton>(*form, "RpSzakJav")->isEnabled());  // nothing to open
-        Tszj recommendation(m_demo.state);
-        form->setRecommendationOpener([&recommendation](const rovanel::RecommendationHandover& handover) {
-            recommendation.show();
-            recommendation.fill(handover);
-        });
-        QVERIFY(form->openForPackage(record));
-        control<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
-        control<QLineEdit>(*form, "BetegNev")->setText("Kiss Éva");
-        click(*form, "RpSzakJav");
-        QVERIFY(recommendation.isVisible());
-        const rovanel::RecommendationGrids grids = recommendation.grids();
-        QCOMPARE(grids.bg[0][1], rovanel::utf8ToCp1250("Kiss Éva"));
-        // The cells are SpecialistRecommendation_test's; here the BNO code and the support arrive.
-        QCOMPARE(grids.gg[1][0], std::string("I10H0"));
-        QCOMPARE(grids.gg[1][5], package->designation.substr(0, 3));
-        QVERIFY(messages().isEmpty());
     }
 
     void bnoSearchStepsFromHitToHitOrListsEveryHit()
