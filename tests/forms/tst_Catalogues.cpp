@@ -62,7 +62,7 @@ class TestCatalogues : public QObject
 {
     Q_OBJECT
 private slots:
-    void aidsTreeSearchListsHitsAndAGroupsAidShowsItsDescription()
+    void aidsTreeAndNameSearchListHitsAndAGroupsAidShowsItsDescription()
     {
         On<TSegedeszk, Aids> form;
         QCOMPARE(form.windowTitle(), QString("Gyógyászati segédeszközök"));
@@ -84,6 +84,19 @@ private slots:
         // The description's lines are MedicalAids_test's; here the chosen aid's, with its group's notes.
         QVERIFY(textOf(form, "SeDesc").startsWith("Járókeret darab\nBruttó ár: 300Ft"));
         QVERIFY(textOf(form, "SeDesc").endsWith("\n---Kölcsönözhető---\n kölcsönözhető is"));
+
+        // The name search finds the aid in its group.
+        control<QLineEdit>(form, "SeEdt")->clear();
+        typeInto(form, "SeEdt", "bokaORT");
+        click(form, "SeNevKeres");
+        QCOMPARE(linesOf(form, "FoundSeLst"), QStringList{"Bokaortézis pár"});
+        found->setCurrentRow(0);
+        QTest::mouseClick(found->viewport(), Qt::LeftButton, {},
+                          found->visualItemRect(found->item(0)).center());
+        QCOMPARE(currentNode(form, "SeTree"), QString("01 01 Alsó végtag"));
+        click(form, "SeListaz");
+        QCOMPARE(linesOf(form, "SeList").size(), 2);
+        QVERIFY(textOf(form, "SeDesc").startsWith("Bokaortézis pár\n"));
     }
 
     void aidsOneByOneSelectsEachHitInTurn()
@@ -109,22 +122,6 @@ private slots:
         QVERIFY(!top->isExpanded());
     }
 
-    void aidsNameSearchFindsTheAidInItsGroup()
-    {
-        On<TSegedeszk, Aids> form;
-        typeInto(form, "SeEdt", "bokaORT");
-        click(form, "SeNevKeres");
-        QCOMPARE(linesOf(form, "FoundSeLst"), QStringList{"Bokaortézis pár"});
-        auto* found = control<QListWidget>(form, "FoundSeLst");
-        found->setCurrentRow(0);
-        QTest::mouseClick(found->viewport(), Qt::LeftButton, {},
-                          found->visualItemRect(found->item(0)).center());
-        QCOMPARE(currentNode(form, "SeTree"), QString("01 01 Alsó végtag"));
-        click(form, "SeListaz");
-        QCOMPARE(linesOf(form, "SeList").size(), 2);
-        QVERIFY(textOf(form, "SeDesc").startsWith("Bokaortézis pár\n"));
-    }
-
     // A missing file leaves the window empty, and is tried again at the next showing.
     void missingFilesLeaveTheWindowsEmpty()
     {
@@ -141,12 +138,12 @@ private slots:
         QCOMPARE(linesOf(aids, "SeTree"), QStringList{"01 Ortézisek"});
     }
 
-    void formularyNodeShowsItsItemWithColouredTitleAndLabels()
+    void formularyNodeOrPickedNameShowsItsItemWithColouredTitleAndLabels()
     {
         On<TFoNoForm, Formulary> form;
         QCOMPARE(form.windowTitle(), QString("FoNo"));
         auto* tree = control<QTreeWidget>(form, "FoNoTree");
-        tree->setCurrentItem(tree->topLevelItem(0)->child(0));
+        tree->setCurrentItem(tree->topLevelItem(0)->child(0));  // the chapter is current from the start
         QCOMPARE(control<QComboBox>(form, "FoNoLst")->currentIndex(), 1);
         auto* box = control<QTextEdit>(form, "FoNoRtf");
         // Which line takes which style is Formulary_test's; here the styles' colours land in the box.
@@ -157,21 +154,16 @@ private slots:
         QCOMPARE(colours, (QList<QColor>{QColor(0, 0, 255), QColor(0, 128, 0), QColor(0, 0, 0)}));
         QCOMPARE(QString::fromStdString(rovanel::cp1250ToUtf8(form.FoNoName())),
                  QString("Unguentum acidi salicylici 5%"));
-    }
 
-    // Typing filters the names (case and accents folded), Enter picks the item under its own number; a
-    // chapter node then shows nothing.
-    void formularyPickedNameShowsItsItemAndAChapterNodeNothing()
-    {
-        On<TFoNoForm, Formulary> form;
+        // Typing filters the names (case and accents folded), Enter picks the item under its own number;
+        // a chapter node then shows nothing.
         auto* names = control<QComboBox>(form, "FoNoLst");
+        pickByTyping(names, "pasta");
+        QCOMPARE(names->currentIndex(), 0);
+        QVERIFY(textOf(form, "FoNoRtf").startsWith("Pasta zinci 10%\nRp."));
         pickByTyping(names, "SALIC");
         QCOMPARE(names->currentIndex(), 1);
         QVERIFY(textOf(form, "FoNoRtf").startsWith("Unguentum"));
-        pickByTyping(names, "pasta");
-        QVERIFY(textOf(form, "FoNoRtf").startsWith("Pasta zinci 10%\nRp."));
-        auto* tree = control<QTreeWidget>(form, "FoNoTree");
-        tree->setCurrentItem(tree->topLevelItem(0)->child(0));  // the chapter is current from the start
         tree->setCurrentItem(tree->topLevelItem(0));
         QCOMPARE(textOf(form, "FoNoRtf"), QString());
         QCOMPARE(names->currentIndex(), -1);
