@@ -1,6 +1,5 @@
 // The drug list window and the shared description window driven by their control names on the
 // six-product database.
-#include <QAbstractButton>
 #include <algorithm>
 
 #include "app/IniFile.h"
@@ -282,28 +281,6 @@ private slots:
         shown.box->setPlainText("Együttadása kerülend\nMérgezés esetén teend");
         click(shown, "JumpMer");
         QCOMPARE(shown.box->textCursor().position(), 21);
-    }
-    // A 1366×768 screen less its task bar, at 100 % and at 150 % (QT_SCALE_FACTOR=1.5: 910 logical pixels
-    // across): the window takes the whole screen and no caption is cut.
-    void windowFitsA1366By768Screen_data()
-    {
-        QTest::addColumn<QSize>("screen");
-        QTest::newRow("100 %") << QSize(1366, 738);
-        QTest::newRow("150 %") << QSize(910, 492);
-    }
-    void windowFitsA1366By768Screen()
-    {
-        QFETCH(QSize, screen);
-        DrugList list;
-        list.choose(0);
-        list.form->resize(screen);
-        QCOMPARE(list.form->size(), screen);
-        // A button's least width is its caption's (the jump buttons set theirs below the style's default).
-        for (const QAbstractButton* button : list.form->findChildren<QAbstractButton*>()) {
-            const int least =
-                button->minimumWidth() > 0 ? button->minimumWidth() : button->sizeHint().width();
-            QVERIFY2(button->width() >= least, qPrintable(button->objectName()));
-        }
     }
 };
 

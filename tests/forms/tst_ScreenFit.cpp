@@ -88,6 +88,15 @@ private slots:
         const QSize least = window.minimumSizeHint().expandedTo(window.minimumSize());
         QVERIFY2(least.width() <= kScreenAt150.width() && least.height() <= kScreenAt150.height(),
                  qPrintable(QString("%1x%2").arg(least.width()).arg(least.height())));
+        // Made as large as the screen, every window takes it whole, and no button is narrower than its
+        // caption needs (the jump buttons set their least width below the style's default).
+        window.resize(kScreenAt150);
+        if (made) QCOMPARE(window.size(), kScreenAt150);  // the main window keeps its fixed size
+        for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+            const int needed =
+                button->minimumWidth() > 0 ? button->minimumWidth() : button->sizeHint().width();
+            QVERIFY2(!button->isVisible() || button->width() >= needed, qPrintable(button->objectName()));
+        }
     }
 };
 
