@@ -92,7 +92,7 @@ private slots:
 
     // What the levels and the lists hold, and in which order, is SameAtc_test's; here each lands in its
     // list with the found table in step.
-    void choosingAMedicineShowsItsDescriptionLevelsAndSameAtcProducts()
+    void choosingAProductShowsItsDescriptionLevelsAndSameAtcProducts()
     {
         DrugList list;
         QVERIFY(!control<QCheckBox>(*list.form, "TTNemKell")->isChecked());
@@ -118,12 +118,8 @@ private slots:
         QVERIFY(list.describes("BETA"));
         click(*list.form, "PriceOrder");
         QCOMPARE(list.found(), (std::vector<std::int32_t>{1, 0, 2}));
-    }
 
-    void nutritionProductsMapPastTheMedicinesAndFillNoLevels()
-    {
-        DrugList list;
-        list.choose(0);
+        // The nutrition products map past the medicines and fill no levels.
         click(*list.form, "RBTapszer");
         QCOMPARE(textOf(*list.form, "Leiras1"), QString());
         QCOMPARE(linesOf(*list.form, "Gylist"), QStringList{"TAPSZER POR 400 G"});
@@ -209,7 +205,7 @@ private slots:
                               "&Mellékhatás", "Ó&vatosan", "&Tilos", "&Mérgezés"}));
     }
 
-    void descriptionShowProductShowsTheWindowReplacesTheTextAndTakesTheCaption()
+    void descriptionShowProductShowsTheWindowReplacesTheTextAndSearchFindsCaseSensitively()
     {
         Description shown(0, "ALFA 5 MG TABLETTA 30X");
         QCOMPARE(shown.windowTitle(), QString("ALFA 5 MG TABLETTA 30X"));
@@ -222,6 +218,21 @@ private slots:
         QVERIFY(!shown.box->toPlainText().contains("ALFA"));
         shown.showProduct(-1, "semmi");
         QCOMPARE(shown.box->toPlainText(), QString());
+
+        // The search is case sensitive and the cut headings stay cut; the description boxes of the drug
+        // list and the active-ingredient window are this same kit box, with the same right-click notice.
+        shown.showProduct(0, "ALFA");
+        shown.SearchRtf("atc");
+        QCOMPARE(shown.box->textCursor().position(), 0);
+        QTest::mouseClick(shown.box->viewport(), Qt::LeftButton);
+        QCOMPARE(shown.messages.texts(), QStringList());
+        QTest::mousePress(shown.box->viewport(), Qt::RightButton);
+        QCOMPARE(shown.messages.texts(),
+                 QStringList{"Változás: Receptnyomtatás a -Részletes lista- menüpont alatt."});
+        QCOMPARE(shown.messages.captions(), QStringList{QString()});
+        shown.box->setPlainText("Együttadása kerülend\nMérgezés esetén teend");
+        click(shown, "JumpMer");
+        QCOMPARE(shown.box->textCursor().position(), 21);
     }
 
     // A jump button puts its heading at the top of the box; one whose heading is not there changes
@@ -263,24 +274,6 @@ private slots:
         QVERIFY(shown.box->verticalScrollBar()->value() > 0);
         QVERIFY2(shown.box->cursorRect().top() < 30,
                  qPrintable(QString::number(shown.box->cursorRect().top())));
-    }
-
-    // The search is case sensitive and the cut headings stay cut; the description boxes of the drug list
-    // and the active-ingredient window are this same kit box, with the same right-click notice.
-    void descriptionSearchAndRightClick()
-    {
-        Description shown(0, "ALFA");
-        shown.SearchRtf("atc");
-        QCOMPARE(shown.box->textCursor().position(), 0);
-        QTest::mouseClick(shown.box->viewport(), Qt::LeftButton);
-        QCOMPARE(shown.messages.texts(), QStringList());
-        QTest::mousePress(shown.box->viewport(), Qt::RightButton);
-        QCOMPARE(shown.messages.texts(),
-                 QStringList{"Változás: Receptnyomtatás a -Részletes lista- menüpont alatt."});
-        QCOMPARE(shown.messages.captions(), QStringList{QString()});
-        shown.box->setPlainText("Együttadása kerülend\nMérgezés esetén teend");
-        click(shown, "JumpMer");
-        QCOMPARE(shown.box->textCursor().position(), 21);
     }
 };
 
