@@ -33,11 +33,21 @@ class TestRvmagi : public QObject
 {
     Q_OBJECT
 private slots:
-    void addedRecipesAreListedSavedAndReadBack()
+    void addedRecipesAreListedSavedReadBackAndHandedOn()
     {
         On<TMagiForm, MagiFolder> form;
         QCOMPARE(form.windowTitle(), QString("Saját Magi receptek"));
+        // A name that cannot be a file is refused before anything is written.
+        typeRecipe(form, "recept 1/2", "x");
+        click(form, "MagiAdd");
+        QCOMPARE(form.messages.texts(),
+                 QStringList{
+                     "A recept neve nem tartalmazhatja a következő karakterek egyikét: \\ / : * ? \" < > |"});
+        QCOMPARE(form.messages.captions(), QStringList{"Saját Magi receptek"});
+        form.messages.clear();
+        QCOMPARE(control<QComboBox>(form, "MagiList")->count(), 0);
         QCOMPARE(form.read("MagiList.txt"), std::string());
+
         typeRecipe(form, "Kenőcs", "Rp.\nAcidi salicylici 5,0");
         click(form, "MagiAdd");
         typeRecipe(form, "Oldat", "Rp.\nAquae 100,0");
@@ -51,6 +61,21 @@ private slots:
         pickByTyping(list, "KENO");
         QCOMPARE(textsOf(form, {"MagiList", "MagiTxt"}),
                  (QStringList{"Kenőcs", "Rp.\nAcidi salicylici 5,0"}));
+
+        // A right click on the recipe hands it to the prescription window, when there is one.
+        auto* text = control<QPlainTextEdit>(form, "MagiTxt")->viewport();
+        QTest::mouseClick(text, Qt::RightButton);  // no prescription window: nothing happens
+        std::vector<std::string> handed;
+        form.setPrescriptionHandover(
+            [&](const std::string& name, const std::string& recipe, const std::string& code) {
+                handed = {name, recipe, code};
+            });
+        QTest::mouseClick(text, Qt::LeftButton);
+        QVERIFY(handed.empty());
+        QTest::mouseClick(text, Qt::RightButton);
+        QCOMPARE(handed, (std::vector<std::string>{"Ken\xF5"
+                                                   "cs",
+                                                   "Rp.\nAcidi salicylici 5,0", "999999999"}));
         control<QPlainTextEdit>(form, "MagiTxt")->setPlainText("Rp.\nAcidi salicylici 10,0");
         click(form, "MagiMod");
         QCOMPARE(form.read("Kenőcs"), "Rp.\r\nAcidi salicylici 10,0");
@@ -65,19 +90,6 @@ private slots:
         QCOMPARE(form.messages.texts(), QStringList());
     }
 
-    void aNameThatCannotBeAFileIsRefusedBeforeAnythingIsWritten()
-    {
-        On<TMagiForm, MagiFolder> form;
-        typeRecipe(form, "recept 1/2", "x");
-        click(form, "MagiAdd");
-        QCOMPARE(form.messages.texts(),
-                 QStringList{
-                     "A recept neve nem tartalmazhatja a következő karakterek egyikét: \\ / : * ? \" < > |"});
-        QCOMPARE(form.messages.captions(), QStringList{"Saját Magi receptek"});
-        QCOMPARE(control<QComboBox>(form, "MagiList")->count(), 0);
-        QCOMPARE(form.read("MagiList.txt"), std::string());
-    }
-
     void anUnusableFolderSaysSoAtTheFirstShowing()
     {
         MagiFolder folder;
@@ -86,25 +98,6 @@ private slots:
         QCOMPARE(form.messages.texts().size(), 1);
         QVERIFY(form.messages.texts().front().startsWith("A saját receptek mappája nem hozható létre: "));
         QCOMPARE(folder.directory.read("upd"), "a file where the folder should be");
-    }
-
-    void aRightClickOnTheRecipeHandsItToThePrescription()
-    {
-        On<TMagiForm, MagiFolder> form;
-        typeRecipe(form, "Kenőcs", "Rp.\nAcidi salicylici 5,0");
-        auto* text = control<QPlainTextEdit>(form, "MagiTxt")->viewport();
-        QTest::mouseClick(text, Qt::RightButton);  // no prescription window: nothing happens
-        std::vector<std::string> handed;
-        form.setPrescriptionHandover(
-            [&](const std::string& name, const std::string& recipe, const std::string& code) {
-                handed = {name, recipe, code};
-            });
-        QTest::mouseClick(text, Qt::LeftButton);
-        QVERIFY(handed.empty());
-        QTest::mouseClick(text, Qt::RightButton);
-        QCOMPARE(handed, (std::vector<std::string>{"Ken\xF5"
-                                                   "cs",
-                                                   "Rp.\nAcidi salicylici 5,0", "999999999"}));
     }
 };
 
