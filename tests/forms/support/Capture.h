@@ -44,7 +44,6 @@ public:
     PdfPrints(const PdfPrints&) = delete;
     PdfPrints& operator=(const PdfPrints&) = delete;
 
-    [[nodiscard]] bool written() const { return std::filesystem::exists(m_file); }
     [[nodiscard]] std::vector<rovanel::testing::PdfWord> words() const
     {
         return rovanel::testing::pdfWords(m_file);
