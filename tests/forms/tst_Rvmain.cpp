@@ -88,34 +88,15 @@ private slots:
         QVERIFY(main.state().tables.productCodes.empty());
     }
 
-    void attachedWindowOpensFromItsItemAndShortcut()
-    {
-        TMain main({});
-        QWidget descriptions;
-        QWidget interactions;
-        main.attachWindow(TMain::Window::Gylist, &descriptions);
-        main.attachWindow(TMain::Window::Kh, &interactions);
-        auto* item = control<QAction>(main, "LeirMenu");
-        QVERIFY(item->isEnabled());
-        item->trigger();
-        QVERIFY(descriptions.isVisible());
-        descriptions.hide();
-        main.show();
-        QVERIFY(QTest::qWaitForWindowActive(&main));
-        QTest::keyClick(&main, Qt::Key_K, Qt::ControlModifier);
-        QVERIFY(interactions.isVisible());
-        QVERIFY(!descriptions.isVisible());
-        QList<bool> permanentCalls;
-        main.attachPermanentDrugs([&](bool setListMode) { permanentCalls.append(setListMode); });
-        control<QAction>(main, "AllandoGy")->trigger();
-        QCOMPARE(permanentCalls, QList<bool>{true});  // the menu sets the list mode to 3 first
-    }
-
-    void duplicateCtrlRAndMnemonicR_data()
+    void itemsOpenTheirWindowsFromTheKeyboard_data()
     {
         QTest::addColumn<bool>("detailedListThere");
         QTest::addColumn<QStringList>("keys");
         QTest::addColumn<QString>("opened");
+        QTest::newRow("Ctrl+K") << true << QStringList{"Ctrl+K"} << "interactions";
+        QTest::newRow("Alt+G, L: the only L") << true << QStringList{"Alt+G", "L"} << "descriptions";
+        // The menu sets the permanent drugs' list mode to 3 first.
+        QTest::newRow("Ctrl+N") << true << QStringList{"Ctrl+N"} << "permanent drugs in list mode";
         QTest::newRow("Ctrl+R: the first item") << true << QStringList{"Ctrl+R"} << "detailed list";
         QTest::newRow("Ctrl+R again: every press")
             << true << QStringList{"Ctrl+R", "Ctrl+R"} << "detailed list";
@@ -127,36 +108,43 @@ private slots:
             << true << QStringList{"Alt+G", "R", "R", "Enter"} << "detailed list";
     }
 
-    // Both items carry Ctrl+R and the mnemonic R. Ctrl+R opens the first enabled one, every time. The
+    // Two items carry Ctrl+R and the mnemonic R. Ctrl+R opens the first enabled one, every time. The
     // "&Gyógyszer" menu opens with its first item marked; R marks the next item with that mnemonic (so
     // first "&Rendeletek", then "&Részletes lista" again) and opens nothing; Enter opens the one marked.
-    void duplicateCtrlRAndMnemonicR()
+    void itemsOpenTheirWindowsFromTheKeyboard()
     {
         QFETCH(bool, detailedListThere);
         QFETCH(QStringList, keys);
         QFETCH(QString, opened);
         TMain main({});
-        QWidget regulations;
-        QWidget detailedList;
+        QWidget regulations, detailedList, descriptions, interactions;
+        QList<bool> permanentCalls;
         main.attachWindow(TMain::Window::Rend, &regulations);
         if (detailedListThere) main.attachWindow(TMain::Window::RefForm, &detailedList);
+        main.attachWindow(TMain::Window::Gylist, &descriptions);
+        main.attachWindow(TMain::Window::Kh, &interactions);
+        main.attachPermanentDrugs([&](bool setListMode) { permanentCalls.append(setListMode); });
         main.show();
         QVERIFY(QTest::qWaitForWindowActive(&main));
         for (const QString& key : keys) {
-            if (key == "Ctrl+R") {
+            if (key.startsWith("Ctrl+")) {
                 detailedList.hide();
                 main.activateWindow();
                 QVERIFY(QTest::qWaitForWindowActive(&main));
-                QTest::keyClick(&main, Qt::Key_R, Qt::ControlModifier);
+                QTest::keySequence(&main, QKeySequence(key));
             } else if (key == "Alt+G") {
                 QTest::keyClick(&main, Qt::Key_G, Qt::AltModifier);
                 QTRY_VERIFY(QApplication::activePopupWidget());
             } else {  // to the open menu, as the keyboard sends it
-                QTest::keyClick(static_cast<QWidget*>(nullptr), key == "R" ? Qt::Key_R : Qt::Key_Return);
+                QTest::keyClick(static_cast<QWidget*>(nullptr),
+                                QKeySequence(key == "Enter" ? "Return" : key)[0].key());
             }
         }
         QCOMPARE(detailedList.isVisible(), opened == "detailed list");
         QCOMPARE(regulations.isVisible(), opened == "regulations");
+        QCOMPARE(descriptions.isVisible(), opened == "descriptions");
+        QCOMPARE(interactions.isVisible(), opened == "interactions");
+        QCOMPARE(permanentCalls, opened.startsWith("permanent") ? QList<bool>{true} : QList<bool>{});
     }
 
     void parametersChooseWhatOpens_data()
