@@ -62,7 +62,7 @@ class TestCatalogues : public QObject
 {
     Q_OBJECT
 private slots:
-    void aidsTreeAndNameSearchListHitsAndAGroupsAidShowsItsDescription()
+    void aidsSearchesListOrSelectHitsAndAGroupsAidShowsItsDescription()
     {
         On<TSegedeszk, Aids> form;
         QCOMPARE(form.windowTitle(), QString("Gyógyászati segédeszközök"));
@@ -97,11 +97,9 @@ private slots:
         click(form, "SeListaz");
         QCOMPARE(linesOf(form, "SeList").size(), 2);
         QVERIFY(textOf(form, "SeDesc").startsWith("Bokaortézis pár\n"));
-    }
 
-    void aidsOneByOneSelectsEachHitInTurn()
-    {
-        On<TSegedeszk, Aids> form;
+        // One by one: each hit is selected in turn.
+        control<QLineEdit>(form, "SeEdt")->clear();
         click(form, "FabaListaba0");
         QVERIFY(control<QRadioButton>(form, "FabaListaba0")->isChecked());
         typeInto(form, "SeEdt", "01");

@@ -93,7 +93,7 @@ private slots:
         QCOMPARE(linesOf(form, "EllList"), QStringList{});
     }
 
-    void interactionCheckShowsTheReportAndTheDrugsConcerned()
+    void interactionCheckShowsTheReportAndTheDrugsConcernedAlsoFromTheSideEffectWindow()
     {
         On<TKh> form(interactionDatabase());
         addDrug(form, 0);
@@ -119,6 +119,19 @@ private slots:
         click(form, "KhSzGyTorol");
         QCOMPARE(form.state.selection.SzedettGyCount, 0);
         QCOMPARE(form.state.selection.SzedettGy[0], -1);
+        form.messages.clear();
+
+        // The side-effect window shares the selection: its showing resets the slots but keeps the count
+        // (DrugSelection_test), and a drug added there counts in the interaction window too.
+        TMh mh(form.state);
+        addDrug(form, 0);
+        addDrug(form, 1);
+        mh.show();
+        QCOMPARE(linesOf(mh, "MhSzedettGyList"), QStringList{});
+        addDrug(mh, 2, "GyList");
+        QCOMPARE(form.state.selection.SzedettGy[2], 2);
+        click(form, "Ellenoriz");
+        QCOMPARE(form.messages.texts(), QStringList{kNoFinding});
     }
 
     void interactionsAtcSearchListsTheGroupAndMegnezOpensTheLinesDrug()
@@ -137,21 +150,6 @@ private slots:
         QCOMPARE(shown, (std::vector<std::pair<int, QString>>{{1, "BÉTA\t999999"}}));
         chooseNode(tree, 2);  // another node empties the list
         QCOMPARE(linesOf(form, "KhGyList"), QStringList{});
-    }
-
-    void sideEffectWindowSharesTheSelectionAndResetsTheSlots()
-    {
-        On<TKh> kh(interactionDatabase());
-        TMh mh(kh.state);
-        addDrug(kh, 0);
-        addDrug(kh, 1);
-        mh.show();  // resets the slots but keeps the count (DrugSelection_test)
-        QCOMPARE(linesOf(mh, "MhSzedettGyList"), QStringList{});
-        // A drug added in the side-effect window counts in the interaction window too.
-        addDrug(mh, 2, "GyList");
-        QCOMPARE(kh.state.selection.SzedettGy[2], 2);
-        click(kh, "Ellenoriz");
-        QCOMPARE(kh.messages.texts(), QStringList{kNoFinding});
     }
 
     void sideEffectSearchAmongAllOver600AndAmongTheDrugsTaken()

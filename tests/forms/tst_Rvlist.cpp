@@ -179,35 +179,28 @@ private slots:
         QTRY_COMPARE(box->height(), fullHeight);
     }
 
-    void descriptionButtonsSitInOneRowUnderTheBoxWithWholeCaptions()
-    {
-        On<TGyKozos, SixProductState> form;
-        QVERIFY(QTest::qWaitForWindowExposed(&form));
-        QCOMPARE(form.size(), QSize(721, 572));
-        const QStringList names{"JumpAtc", "JumpHa", "JumpJav", "JumpAdag", "JumpBetegnek",
-                                "JumpEll", "JumpMh", "JumpOv",  "JumpTil",  "JumpMer"};
-        const auto* box = control<QTextEdit>(form, "GyKozosLeiro");
-        const int boxBottom = box->mapTo(&form, QPoint(0, 0)).y() + box->height() - 1;
-        int right = -1;
-        QStringList captions;
-        for (const QString& name : names) {
-            auto* button = control<QPushButton>(form, qPrintable(name));
-            captions << button->text();
-            const QRect place(button->mapTo(&form, QPoint(0, 0)), button->size());
-            QVERIFY2(place.left() > right && place.top() > boxBottom, qPrintable(name));
-            const QString caption = button->text().remove('&');  // the caption is whole
-            QVERIFY2(button->width() > button->fontMetrics().horizontalAdvance(caption), qPrintable(name));
-            right = place.right();
-        }
-        QVERIFY(right < form.width());
-        QCOMPARE(captions,
-                 (QStringList{"&Atc", "&Hatóanyag", "&Javallatok", "A&dagolás", "&Betegnek", "&Ellenjavallat",
-                              "&Mellékhatás", "Ó&vatosan", "&Tilos", "&Mérgezés"}));
-    }
-
-    void descriptionShowProductShowsTheWindowReplacesTheTextAndSearchFindsCaseSensitively()
+    void descriptionWindowShowsTheProductUnderItsButtonsAndSearchesCaseSensitively()
     {
         Description shown(0, "ALFA 5 MG TABLETTA 30X");
+        QCOMPARE(shown.size(), QSize(721, 572));
+        // The buttons sit in one row under the box, with whole captions.
+        const auto buttons = {"JumpAtc", "JumpHa", "JumpJav", "JumpAdag", "JumpBetegnek",
+                              "JumpEll", "JumpMh", "JumpOv",  "JumpTil",  "JumpMer"};
+        QCOMPARE(textsOf(shown, buttons),
+                 (QStringList{"&Atc", "&Hatóanyag", "&Javallatok", "A&dagolás", "&Betegnek", "&Ellenjavallat",
+                              "&Mellékhatás", "Ó&vatosan", "&Tilos", "&Mérgezés"}));
+        const int boxBottom = shown.box->mapTo(&shown, QPoint(0, 0)).y() + shown.box->height() - 1;
+        int right = -1;
+        for (const char* name : buttons) {
+            const auto* button = control<QPushButton>(shown, name);
+            const QRect place(button->mapTo(&shown, QPoint(0, 0)), button->size());
+            const QString caption = button->text().remove('&');
+            QVERIFY2(place.left() > right && place.top() > boxBottom &&
+                         button->width() > button->fontMetrics().horizontalAdvance(caption),
+                     name);
+            right = place.right();
+        }
+        QVERIFY(right < shown.width());
         QCOMPARE(shown.windowTitle(), QString("ALFA 5 MG TABLETTA 30X"));
         QVERIFY(shown.box->toPlainText().startsWith("Készítmény: ALFA 5 MG TABLETTA 30X\n"));
         QCOMPARE(shown.box->textCursor().position(), 0);
