@@ -407,7 +407,7 @@ private slots:
         QCOMPARE(*refused, QStringLiteral("A PDF fájl nem írható: ") + path);
     }
 
-    void certificateListsEveryProductOfTheListAndEmptyingIt()
+    void certificateListsEveryProductOfTheListPrintsAsEditedAndEmptiesIt()
     {
         On<TKgyForm, CertificateFolder> form;
         QCOMPARE(form.windowTitle(), QString("Közgyógy igazolás"));
@@ -425,6 +425,19 @@ private slots:
         QTest::keyClick(k, Qt::Key_F1);
         QCOMPARE(help.contexts, QList<int>{720});
 
+        // "Direkt" prints and "PDF" saves what the box holds, edits included.
+        PdfPrints printed(form.directory.path() / "printed.pdf");
+        const PdfPrints saved(form.directory.path() / "igazolas.pdf", PdfPrints::Way::AskedFile);
+        k->moveCursor(QTextCursor::End);
+        QTest::keyClicks(k, " Budapest");
+        click(form, "KgyPrint");
+        QCOMPARE(printed.count, 1);
+        QVERIFY2(printed.text().contains("Neve: Kiss Éva"), qPrintable(printed.text()));
+        QVERIFY(printed.text().contains("háziorvos aláírása Budapest"));
+        click(form, "KgyPdf");
+        QVERIFY2(saved.text().startsWith("Háziorvosi igazolás"), qPrintable(saved.text()));
+        QVERIFY(saved.text().contains("háziorvos aláírása Budapest"));
+
         // Emptying the list is silent; the emptied list gives its message at the next showing.
         click(form, "KgyEmptyList");
         QVERIFY(form.messages.texts().isEmpty());
@@ -435,27 +448,7 @@ private slots:
         QVERIFY(textOf(form, "k").contains("1. Havi rendszerességgel rendelt gyógyszerek:\n2. Gyógyászati"));
     }
 
-    // "Direkt" prints and "PDF" saves what the box holds, edits included.
-    void printAndPdfTakeTheBoxAsEdited()
-    {
-        CertificateFolder fixture;
-        PdfPrints printed(fixture.directory.path() / "printed.pdf");
-        const PdfPrints saved(fixture.directory.path() / "igazolas.pdf", PdfPrints::Way::AskedFile);
-        Shown<TKgyForm> form(fixture.state);
-        auto* k = control<QTextEdit>(form, "k");
-        k->moveCursor(QTextCursor::End);
-        QTest::keyClicks(k, " Budapest");
-        click(form, "KgyPrint");
-        QCOMPARE(printed.count, 1);
-        QVERIFY2(printed.text().contains("Neve: Kiss Éva"), qPrintable(printed.text()));
-        QVERIFY(printed.text().contains("háziorvos aláírása Budapest"));
-        click(form, "KgyPdf");
-        QVERIFY(form.messages.texts().isEmpty());
-        QVERIFY2(saved.text().startsWith("Háziorvosi igazolás"), qPrintable(saved.text()));
-        QVERIFY(saved.text().contains("háziorvos aláírása Budapest"));
-    }
-
-    void fillAddsTheDrugLineAndTheRowButtonsDeleteLines()
+    void recommendationFillAddsTheDrugLineTheRowButtonsDeleteLinesAndItPrintsAsEdited()
     {
         On<Tszj, CertificateFolder> form;
         QCOMPARE(form.windowTitle(), QString("Szakorvosi javaslat készítése"));
@@ -473,6 +466,19 @@ private slots:
                  (QStringList{"K2", "EU3", ""}));
         click(form, "DelLastLine");
         QCOMPARE((QStringList{cell(form, "gg", 1, 7), cell(form, "gg", 2, 6)}), (QStringList{"K2", ""}));
+
+        // Printed as edited. Three drug lines a page: the fourth is printed on the second page. Where each
+        // value stands is the layout's (RvcliPrint_test); here the edited cell and the page arrive.
+        PdfPrints printed(form.directory.path() / "javaslat.pdf");
+        for (const char* title : {"90%  EU2", "90%  EU3", "90%  EU4"}) form.fill(handover(title));
+        gg->item(1, 2)->setText("5 mg");
+        click(form, "PrintSzakjav");
+        QVERIFY2(!printed.words().empty(), "pdftotext (poppler-utils) is needed");
+        QCOMPARE((QStringList{printed.at(280, 125), printed.at(200, 455)}),
+                 (QStringList{"Kiss Éva", "5 mg"}));
+        QCOMPARE(rovanel::testing::textAt(printed.words(), 545 * rovanel::kMillimetresPerLayoutUnit,
+                                          455 * rovanel::kMillimetresPerLayoutUnit, 2),
+                 std::string("EU4"));
         HelpRequests help;
         QTest::keyClick(gg, Qt::Key_F1);
         QCOMPARE(help.contexts, QList<int>{620});
@@ -482,24 +488,6 @@ private slots:
         form.directory.remove("atcnrend.dat");
         form.fill(handover("90%  EU1"));
         QCOMPARE(form.messages.texts(), QStringList{"ATC file nyitás hiba."});
-    }
-
-    // Three drug lines a page: the fourth is printed on the second page.
-    void printedRecommendationHoldsTheGridsAsEditedAtTheirPlaces()
-    {
-        CertificateFolder fixture;
-        PdfPrints printed(fixture.directory.path() / "javaslat.pdf");
-        Shown<Tszj> form(fixture.state);
-        for (const char* title : {"90%  EU1", "90%  EU2", "90%  EU3", "90%  EU4"}) form.fill(handover(title));
-        control<QTableWidget>(form, "gg")->item(1, 2)->setText("5 mg");
-        click(form, "PrintSzakjav");
-        QVERIFY2(!printed.words().empty(), "pdftotext (poppler-utils) is needed");
-        // Where each value stands is the layout's (RvcliPrint_test); here the edited cell arrives.
-        QCOMPARE((QStringList{printed.at(280, 125), printed.at(200, 455)}),
-                 (QStringList{"Kiss Éva", "5 mg"}));
-        QCOMPARE(rovanel::testing::textAt(printed.words(), 545 * rovanel::kMillimetresPerLayoutUnit,
-                                          455 * rovanel::kMillimetresPerLayoutUnit, 2),
-                 std::string("EU4"));
     }
 };
 
