@@ -100,7 +100,7 @@ private slots:
         QVERIFY(run.messages.texts().isEmpty());
     }
 
-    void testButtonShowsProgressNoticeAndTitleEveryTime()
+    void testButtonShowsProgressNoticeAndTitleEveryTimeAndGoesThroughTheProxy()
     {
         Run run;
         const QString title = run.main.windowTitle();
@@ -112,8 +112,7 @@ private slots:
                                         "Státusz változott", "Adat érkezett", "Rendben", "Szétkapcsolás",
                                         "Lekérdezés vége"}));
             QCOMPARE(run.main.windowTitle(), title + kSuffix.repeated(time));  // once more every time
-            QVERIFY(run.notice.isVisible());
-            QVERIFY(run.main.UpgChecked && !run.main.UpgRunning);
+            QVERIFY(run.notice.isVisible() && run.main.UpgChecked && !run.main.UpgRunning);
         }
         QCOMPARE(run.notice.windowTitle(), QString("Új adatbázis elérhető"));
         QCOMPARE(textsOf(run.notice, {"Label1", "Label2", "Label3", "Label4", "Label5"}),
@@ -121,6 +120,22 @@ private slots:
                               "Az adatok lezárásának időpontja:", "2026.12.01"}));
         QCOMPARE(run.server.requestLines, QList<QByteArray>(2, "GET /rovanel/rvupg.ini HTTP/1.1"));
         QVERIFY(run.messages.texts().isEmpty());
+
+        // A proxy from the settings carries the request.
+        run.server.requestLines.clear();
+        run.notice.hide();
+        run.environment.set("ROVANEL_UPDATE_URL", "http://frissites.rovanel.invalid/rovanel/rvupg.ini");
+        run.edit("HttpProxy")->setText("127.0.0.1");  // saved by the test button before it runs
+        run.edit("HttpProxyPort")->setText(QString::number(run.server.serverPort()));
+        run.runManually();
+        QCOMPARE(run.server.requestLines,
+                 QList<QByteArray>{"GET http://frissites.rovanel.invalid/rovanel/rvupg.ini HTTP/1.1"});
+        QVERIFY(run.notice.isVisible());
+        // Without the proxy the made-up host is not found, and the message names it.
+        run.edit("HttpProxy")->clear();
+        run.runManually();
+        QVERIFY(run.memo().contains("Érvénytelen cím"));
+        QCOMPARE(run.messages.texts(), QStringList{"Hiba: frissites.rovanel.invalid nem érhető el."});
     }
 
     void manualRunTellsWhatTheServerSaid()
@@ -181,23 +196,6 @@ private slots:
         QCOMPARE(run.memo(), QStringList({"Lekérdezés indul", "Lekérdezés vége", "Hiba", "Szétkapcsolás",
                                           "Lekérdezés vége"}));
         QCOMPARE(run.messages.texts(), QStringList{kUnreachable});
-    }
-
-    void proxyFromTheSettingsCarriesTheRequest()
-    {
-        Run run;
-        run.environment.set("ROVANEL_UPDATE_URL", "http://frissites.rovanel.invalid/rovanel/rvupg.ini");
-        run.edit("HttpProxy")->setText("127.0.0.1");  // saved by the test button before it runs
-        run.edit("HttpProxyPort")->setText(QString::number(run.server.serverPort()));
-        run.runManually();
-        QCOMPARE(run.server.requestLines,
-                 QList<QByteArray>{"GET http://frissites.rovanel.invalid/rovanel/rvupg.ini HTTP/1.1"});
-        QVERIFY(run.notice.isVisible());
-        // Without the proxy the made-up host is not found, and the message names it.
-        run.edit("HttpProxy")->clear();
-        run.runManually();
-        QVERIFY(run.memo().contains("Érvénytelen cím"));
-        QCOMPARE(run.messages.texts(), QStringList{"Hiba: frissites.rovanel.invalid nem érhető el."});
     }
 
     // Switching the check off is stored, but the automatic run still runs once: kept on purpose.
