@@ -244,42 +244,39 @@ private slots:
     }
 
     // A magistral item needs no quantity; without a BNO code nothing is printed. "Direkt" saves, then
-    // prints; "PDF" saves the same form as the chosen file.
-    void magistralItemIsCheckedSavedAndPrinted()
-    {
-        PdfPrints printed(m_scratch->folder.path() / "recept.pdf");
-        auto form = makeForm();
-        addMagistral(*form);
-        QCOMPARE(textOf(*form, "GyogyszerNev"), QString("Rp. Acidi borici 2,0"));
-        QCOMPARE(form->prescription().item.productCode, std::string("999999999"));
-        control<QLineEdit>(*form, "BetegBNO")->clear();
-        click(*form, "RpPrint");
-        QCOMPARE(messages(), (QStringList{"Rövid BNO kód", "Hibás adatok!"}));
-        QCOMPARE(printed.count, 0);
-        QVERIFY2(!std::filesystem::exists(m_scratch->ini), "nothing is saved");
-        control<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
-        click(*form, "RpSaveOnly");
-        QCOMPARE(messages(), QStringList{"Recept elmentve."});
-        click(*form, "RpPrint");
-        QCOMPARE(printed.count, 1);
-        QVERIFY(m_scratch->history().find("Acidi borici") != std::string::npos);
-        const QString all = printed.text();
-        QVERIFY2(!all.isEmpty(), "pdftotext (poppler-utils) is needed");
-        for (const char* expected : {"Rp. Acidi borici 2,0", "Naponta 2x", "I 1 0 H 0"})
-            QVERIFY2(all.contains(expected), qPrintable(all));
-        const PdfPrints saved(m_scratch->folder.path() / "masik.pdf", PdfPrints::Way::AskedFile);
-        click(*form, "RpPdf");
-        QVERIFY2(saved.text().contains("Rp. Acidi borici 2,0"), qPrintable(saved.text()));
-    }
-
-    void formatModeAndMarginsAreKeptInTheUserSettings()
+    // prints; "PDF" saves the same form as the chosen file. The format, the print mode and the margins are
+    // kept in the user settings.
+    void magistralItemIsPrintedAndFormatModeAndMarginsAreKept()
     {
         const auto registry = rovanel::openRegistryFile(m_scratch->folder.path() / "registry.ini");
         QVERIFY(!rovanel::EnsureRegistryDefaults(*registry));  // as the program's start creates them
         {
+            PdfPrints printed(m_scratch->folder.path() / "recept.pdf");
             auto form = makeForm();
             form->setRegistry(registry.get());
             QVERIFY(control<QRadioButton>(*form, "RpFormat0")->isChecked());
+            addMagistral(*form);
+            QCOMPARE(textOf(*form, "GyogyszerNev"), QString("Rp. Acidi borici 2,0"));
+            QCOMPARE(form->prescription().item.productCode, std::string("999999999"));
+            control<QLineEdit>(*form, "BetegBNO")->clear();
+            click(*form, "RpPrint");
+            QCOMPARE(messages(), (QStringList{"Rövid BNO kód", "Hibás adatok!"}));
+            QCOMPARE(printed.count, 0);
+            QVERIFY2(!std::filesystem::exists(m_scratch->ini), "nothing is saved");
+            control<QLineEdit>(*form, "BetegBNO")->setText("I10H0");
+            click(*form, "RpSaveOnly");
+            QCOMPARE(messages(), QStringList{"Recept elmentve."});
+            click(*form, "RpPrint");
+            QCOMPARE(printed.count, 1);
+            QVERIFY(m_scratch->history().find("Acidi borici") != std::string::npos);
+            const QString all = printed.text();
+            QVERIFY2(!all.isEmpty(), "pdftotext (poppler-utils) is needed");
+            for (const char* expected : {"Rp. Acidi borici 2,0", "Naponta 2x", "I 1 0 H 0"})
+                QVERIFY2(all.contains(expected), qPrintable(all));
+            const PdfPrints saved(m_scratch->folder.path() / "masik.pdf", PdfPrints::Way::AskedFile);
+            click(*form, "RpPdf");
+            QVERIFY2(saved.text().contains("Rp. Acidi borici 2,0"), qPrintable(saved.text()));
+
             form->show();
             click(*form, "RpFormat2");
             QCOMPARE(form->windowTitle(), QString("Recept formátum: Új fekvő"));
