@@ -61,7 +61,7 @@ private slots:
     void init() { m_start = std::make_unique<TinyDatabaseStart>(); }
     void cleanup() { m_start.reset(); }
 
-    void menuHoldsEveryItemWithCaptionAndShortcutAndVgeEndsTheProgram()
+    void menuHoldsEveryItemWithCaptionAndShortcutF1OpensHelpAndVgeEndsTheProgram()
     {
         TMain main({});
         QCOMPARE(main.state().tables.productNames.size(), std::size_t{5});
@@ -79,9 +79,35 @@ private slots:
         QCOMPARE(describe(control<QMenuBar>(main, "MainMenu1")->actions()),
                  (QStringList{"Edit1Item &Gyógyszer", "Bno1 &Bno (off)", "Segdeszkz1 &Segédeszköz (off)",
                               "Belltsok1 Beá&llítások (off)", "Frissites &Frissítés", "Vge1 Vége"}));
+        main.show();
+        QVERIFY(QTest::qWaitForWindowActive(&main));
+        // F1 asks for the main window's page.
+        {
+            HelpRequests help;
+            QTest::keyClick(&main, Qt::Key_F1);
+            QCOMPARE(help.contexts, QList<int>{100});
+        }
+        // Every window's context has its page; an unknown one gets the index.
+        for (const int context : {100, 620, 720}) {
+            const QString page = helpPagePath(context);
+            QVERIFY2(page.endsWith(QString("help/%1.html").arg(context)) && QFile::exists(page),
+                     qPrintable(page));
+        }
+        QVERIFY(helpPagePath(99999).endsWith("help/index.html"));
+
+        // The real help window: F1 opens it on the page, Escape closes it.
+        QTest::keyClick(&main, Qt::Key_F1);
+        QWidget* help = nullptr;
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->objectName() == "HelpBrowser") help = window;
+        QVERIFY(help);
+        QTRY_VERIFY(help->isVisible());
+        QVERIFY(QTest::qWaitForWindowActive(help));
+        QTest::keyClick(help, Qt::Key_Escape);
+        QVERIFY(!help->isVisible());
+
         // "Vége" releases the tables and ends the program.
         QSignalSpy closed(&main, &TMain::closed);
-        main.show();
         control<QAction>(main, "Vge1")->trigger();
         QCOMPARE(closed.count(), 1);
         QVERIFY(main.state().tables.productNames.empty());
@@ -229,36 +255,6 @@ private slots:
         main.show();
         QVERIFY(main.menuBar()->isVisible());
         QVERIFY(!main.UpgChecked);
-    }
-
-    void helpKeyOpensTheMainWindowPage()
-    {
-        TMain main({});
-        main.show();
-        QVERIFY(QTest::qWaitForWindowActive(&main));
-        {
-            HelpRequests help;
-            QTest::keyClick(&main, Qt::Key_F1);
-            QCOMPARE(help.contexts, QList<int>{100});
-        }
-        // Every window's context has its page; an unknown one gets the index.
-        for (const int context : {100, 620, 720}) {
-            const QString page = helpPagePath(context);
-            QVERIFY2(page.endsWith(QString("help/%1.html").arg(context)) && QFile::exists(page),
-                     qPrintable(page));
-        }
-        QVERIFY(helpPagePath(99999).endsWith("help/index.html"));
-
-        // The real help window: F1 opens it on the page, Escape closes it.
-        QTest::keyClick(&main, Qt::Key_F1);
-        QWidget* help = nullptr;
-        for (QWidget* window : QApplication::topLevelWidgets())
-            if (window->objectName() == "HelpBrowser") help = window;
-        QVERIFY(help);
-        QTRY_VERIFY(help->isVisible());
-        QVERIFY(QTest::qWaitForWindowActive(help));
-        QTest::keyClick(help, Qt::Key_Escape);
-        QVERIFY(!help->isVisible());
     }
 
     // The data root: "--data DIR" or ROVANEL_DATA_DIR alone, else the working directory, then the user's

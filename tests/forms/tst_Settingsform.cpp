@@ -120,6 +120,22 @@ private slots:
                               "Az adatok lezárásának időpontja:", "2026.12.01"}));
         QCOMPARE(run.server.requestLines, QList<QByteArray>(2, "GET /rovanel/rvupg.ini HTTP/1.1"));
         QVERIFY(run.messages.texts().isEmpty());
+        // The notice is switched off only by its checked box.
+        TMsgDlg& notice = run.notice;
+        auto* box = control<QCheckBox>(notice, "chbNoUpgMsg");
+        QCOMPARE(textsOf(notice, {"chbNoUpgMsg", "Button1"}),
+                 (QStringList{"&Ez az üzenet ne jelenjék meg többet.", "&Tovább"}));
+        // Unchecked "&Tovább"; checked and the title bar; unchecked again never switches it back on.
+        for (const auto& [checked, expected] : {std::pair{false, true}, {true, false}, {false, false}}) {
+            notice.show();
+            box->setChecked(checked);
+            if (checked)
+                notice.close();
+            else
+                click(notice, "Button1");
+            QVERIFY(!notice.isVisible());
+            QCOMPARE(run.setting("UpgShow"), expected);
+        }
 
         // A proxy from the settings carries the request.
         run.server.requestLines.clear();
@@ -235,26 +251,6 @@ private slots:
         run.runManually();
         QCOMPARE(run.memo(), QStringList({"Lekérdezés indul", "Lekérdezés vége"}));
         QCOMPARE(run.server.requestLines.size(), 1);
-    }
-
-    void noticeSwitchedOffOnlyByItsCheckedBox()
-    {
-        Run run;
-        TMsgDlg& notice = run.notice;
-        auto* box = control<QCheckBox>(notice, "chbNoUpgMsg");
-        QCOMPARE(textsOf(notice, {"chbNoUpgMsg", "Button1"}),
-                 (QStringList{"&Ez az üzenet ne jelenjék meg többet.", "&Tovább"}));
-        // Unchecked "&Tovább"; checked and the title bar; unchecked again never switches it back on.
-        for (const auto& [checked, expected] : {std::pair{false, true}, {true, false}, {false, false}}) {
-            notice.show();
-            box->setChecked(checked);
-            if (checked)
-                notice.close();
-            else
-                click(notice, "Button1");
-            QVERIFY(!notice.isVisible());
-            QCOMPARE(run.setting("UpgShow"), expected);
-        }
     }
 
     void refreshFromTheMenuInstallsTheNewerDatabaseAndRestarts()
