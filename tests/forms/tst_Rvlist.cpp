@@ -405,7 +405,7 @@ private slots:
         QCOMPARE(linesOf(form, "KhGyList"), QStringList{});
     }
 
-    void sideEffectSearchAmongAllOver600AndAmongTheDrugsTaken()
+    void sideEffectAndIngredientSearchesShowAtMost600AndSideEffectsAmongTheDrugsTaken()
     {
         On<TMh> form(manyProducts());
         QCOMPARE(form.windowTitle().left(13), QString("Mellékhatások"));
@@ -427,32 +427,30 @@ private slots:
         QCOMPARE(search(0), QStringList{});
         QCOMPARE(form.messages.texts(),
                  QStringList{"A szedett gyógyszerek közül egyik sem okozhatja ezt a mellékhatást."});
-    }
 
-    void ingredientsExactly600WithoutMessageAnd601WithItAndAClickedDrugIsDescribed()
-    {
-        On<THaForm> form(manyProducts());
-        auto* list = control<QComboBox>(form, "HaList");
-        const auto search = [&](int ingredient) {
+        // The active ingredients: exactly 600 without a message, 601 with it; a clicked drug is described.
+        Shown<THaForm> ingredients(form.state);
+        auto* list = control<QComboBox>(ingredients, "HaList");
+        const auto searchIngredient = [&ingredients, list](int ingredient) {
             list->setCurrentIndex(ingredient);
-            click(form, "HaKeres");
-            return linesOf(form, "HaGyList");
+            click(ingredients, "HaKeres");
+            return linesOf(ingredients, "HaGyList");
         };
         QCOMPARE(list->count(), 3);
-        QCOMPARE(search(0).size(), 600);
-        QVERIFY(form.messages.texts().isEmpty());
+        QCOMPARE(searchIngredient(0).size(), 600);
+        QVERIFY(ingredients.messages.texts().isEmpty());
         // A clicked line writes its drug's description.
-        auto* found = control<QListWidget>(form, "HaGyList");
+        auto* found = control<QListWidget>(ingredients, "HaGyList");
         QTest::mouseClick(found->viewport(), Qt::LeftButton, {},
                           found->visualItemRect(found->item(3)).center());
-        QVERIFY2(textOf(form, "GyLeiro").startsWith("Készítmény: " + found->item(3)->text()),
-                 qPrintable(textOf(form, "GyLeiro")));
+        QVERIFY2(textOf(ingredients, "GyLeiro").startsWith("Készítmény: " + found->item(3)->text()),
+                 qPrintable(textOf(ingredients, "GyLeiro")));
         list->setCurrentIndex(1);
         QCOMPARE(found->count(), 0);  // choosing another ingredient empties the list
-        QCOMPARE(search(1).size(), 600);
-        QCOMPARE(form.messages.texts(),
+        QCOMPARE(searchIngredient(1).size(), 600);
+        QCOMPARE(ingredients.messages.texts(),
                  QStringList{"Túl sok gyógyszer tartozik ide, csak a lista eleje látszik!"});
-        QCOMPARE(form.messages.captions(), QStringList{QString()});
+        QCOMPARE(ingredients.messages.captions(), QStringList{QString()});
     }
 
     void regulationsTreeOrTextAndReopeningKeepsTheView()
