@@ -37,7 +37,7 @@ private slots:
         QDir::setCurrent(previous);
     }
 
-    void drugListShowsRealNamesPricesAndGroups()
+    void drugListShowsRealNamesPricesAndGroupsAndTheInteractionCheckNoAllClear()
     {
         Shown<TGylist> form(m_real.state);
         auto* names = control<QComboBox>(form, "Gylist");
@@ -53,6 +53,19 @@ private slots:
         QCOMPARE(linesOf(form, "AzonAtcNev").first(),
                  QString("AMLODIPIN-TEVA 10 MG TABLETTA 30X  1.6 Ft/nap"));
         keep(form, "drug-list.png");
+
+        // The interaction check gives no all-clear from a database without interaction data.
+        Shown<TKh> interactions(m_real.state);
+        for (const int line : {0, 1}) {
+            control<QComboBox>(interactions, "Gylist")->setCurrentIndex(line);
+            click(interactions, "GyToList");
+        }
+        click(interactions, "Ellenoriz");
+        QCOMPARE(
+            interactions.messages.texts(),
+            QStringList{"Ebben az adatbázisban nincsenek kölcsönhatási és ellenjavallati adatok: a vizsgálat "
+                        "nem talált semmit, de ez nem jelenti, hogy a gyógyszerek együtt adhatók."});
+        keep(interactions, "interactions.png");
     }
 
     void bnoBrowserFindsG4090()
@@ -62,9 +75,8 @@ private slots:
         QCOMPARE(tree->topLevelItemCount(), 22);
         control<QLineEdit>(form, "BnoEdt")->setText("G4090");
         click(form, "BnoKeres");
-        QVERIFY(!tree->selectedItems().isEmpty());
-        const QTreeWidgetItem* hit = tree->selectedItems().first();
-        QVERIFY(hit->text(0).startsWith("G4090 "));
+        const QTreeWidgetItem* hit = tree->currentItem();
+        QVERIFY(hit && hit->text(0).startsWith("G4090 "));
         QVERIFY(hit->parent()->parent()->parent()->text(0).startsWith("VI. fejezet"));
         keep(form, "bno.png");
     }
@@ -76,28 +88,12 @@ private slots:
         control<QLineEdit>(form, "SeEdt")->setText("Suprasorb F 5");
         click(form, "SeNevKeres");
         auto* found = control<QListWidget>(form, "FoundSeLst");
-        QVERIFY(found->count() > 0);
         doubleClick(found, found->model()->index(0, 0));
         QCOMPARE(linesOf(form, "SeList").size(), 1);
         QCOMPARE(
             textOf(form, "SeDesc").section('\n', 0, 1),
             QString("Suprasorb F 5 x 7 cm darab\nBruttó ár: 114Ft\tTámogatás: 91Ft\tTérítési díj: 23Ft"));
         keep(form, "aids.png");
-    }
-
-    void interactionCheckSaysTheDatabaseHasNoData()
-    {
-        Shown<TKh> form(m_real.state);
-        for (const int index : {0, 1}) {
-            control<QComboBox>(form, "Gylist")->setCurrentIndex(index);
-            click(form, "GyToList");
-        }
-        click(form, "Ellenoriz");
-        QCOMPARE(
-            form.messages.texts(),
-            QStringList{"Ebben az adatbázisban nincsenek kölcsönhatási és ellenjavallati adatok: a vizsgálat "
-                        "nem talált semmit, de ez nem jelenti, hogy a gyógyszerek együtt adhatók."});
-        keep(form, "interactions.png");
     }
 };
 
