@@ -143,7 +143,7 @@ private slots:
     }
 
     // A missing file leaves the window empty, and is tried again at the next showing.
-    void missingFilesLeaveTheWindowsEmpty()
+    void missingFilesLeaveTheWindowsEmptyAndAnUnusableFolderIsReported()
     {
         Aids fixture(false);
         Shown<TSegedeszk> aids(fixture.state);
@@ -156,6 +156,13 @@ private slots:
         fixture.writeAll();
         aids.show();
         QCOMPARE(linesOf(aids, "SeTree"), QStringList{"01 Ortézisek"});
+        // A magistral folder that cannot be made is reported at the first showing.
+        MagiFolder folder;
+        folder.write("upd", "a file where the folder should be");
+        Shown<TMagiForm> form(folder.state);
+        QCOMPARE(form.messages.texts().size(), 1);
+        QVERIFY(form.messages.texts().front().startsWith("A saját receptek mappája nem hozható létre: "));
+        QCOMPARE(folder.directory.read("upd"), "a file where the folder should be");
     }
 
     void formularyNodeOrPickedNameShowsItsItemWithColouredTitleAndLabels()
@@ -244,16 +251,6 @@ private slots:
         click(form, "MagiDel");
         QCOMPARE(list->count(), 1);
         QCOMPARE(form.messages.texts(), QStringList());
-    }
-
-    void magistralFolderThatCannotBeMadeIsReportedAtTheFirstShowing()
-    {
-        MagiFolder folder;
-        folder.write("upd", "a file where the folder should be");
-        Shown<TMagiForm> form(folder.state);
-        QCOMPARE(form.messages.texts().size(), 1);
-        QVERIFY(form.messages.texts().front().startsWith("A saját receptek mappája nem hozható létre: "));
-        QCOMPARE(folder.directory.read("upd"), "a file where the folder should be");
     }
 };
 

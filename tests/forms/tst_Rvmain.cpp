@@ -110,8 +110,7 @@ private slots:
         QSignalSpy closed(&main, &TMain::closed);
         control<QAction>(main, "Vge1")->trigger();
         QCOMPARE(closed.count(), 1);
-        QVERIFY(main.state().tables.productNames.empty());
-        QVERIFY(main.state().tables.productCodes.empty());
+        QVERIFY(main.state().tables.productNames.empty() && main.state().tables.productCodes.empty());
     }
 
     void itemsOpenTheirWindowsFromTheKeyboard_data()
@@ -192,8 +191,7 @@ private slots:
         QFETCH(bool, picture);
         QFETCH(QString, opened);
         TMain main(arguments);
-        QWidget descriptions;
-        QWidget detailedList;
+        QWidget descriptions, detailedList;
         QList<bool> permanentCalls;
         main.attachWindow(TMain::Window::Gylist, &descriptions);
         main.attachWindow(TMain::Window::RefForm, &detailedList);
