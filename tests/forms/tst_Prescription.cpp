@@ -196,11 +196,12 @@ private slots:
     }
 
     // Without an entry of the drug's own only three titles are offered; one shown as "-" is refused.
-    void permanentDrugWithoutEntryAllowsOnlyThreeTitles()
+    void permanentDrugWithoutEntryAllowsOnlyThreeTitlesAndTheDosageListIsKept()
     {
         QVERIFY(rovanel::writeProfileString(m_scratch->ini, rovanel::kPatientSection, "Allando gyogyszerek",
                                             "900000001;;ELSO 10 MG;3;2;duas (II);D.S.: reggel;;;;~900000009;;"
                                             "MASIK;0;;;;;;;~"));
+        m_scratch->folder.write("DsList.txt", "Saj\xE1t adagol\xE1s\r\n");  // Windows-1250
         auto form = makeForm();
         form->showPermanentDrugs(false);
         QCOMPARE(form->listMode(), 0);
@@ -219,12 +220,8 @@ private slots:
         click(*form, "JogcimGrp1");
         QCOMPARE(messages(), QStringList{"Nem rendelhető ilyen jogcímen"});
         QVERIFY2(control<QRadioButton>(*form, "JogcimGrp1")->isChecked(), "the choice stays as made");
-    }
 
-    void dosageListIsNeverOverwrittenByTheTemplate()
-    {
-        m_scratch->folder.write("DsList.txt", "Saj\xE1t adagol\xE1s\r\n");  // Windows-1250
-        auto form = makeForm();
+        // The dosage list is never overwritten by the template.
         QVERIFY(form->openForPackage(0));
         auto* dosages = control<QComboBox>(*form, "RpDsList");
         QCOMPARE(dosages->count(), 1);
@@ -238,8 +235,8 @@ private slots:
     }
 
     // A magistral item needs no quantity; without a BNO code nothing is printed. "Direkt" saves, then
-    // prints; "PDF" saves the same form as the chosen file. The format, the print mode and the margins are
-    // kept in the user settings.
+    // prints; "PDF" saves the same form as the chosen file, or says why it cannot. The format, the print mode
+    // and the margins are kept in the user settings.
     void magistralItemIsPrintedAndFormatModeAndMarginsAreKept()
     {
         const auto registry = rovanel::openRegistryFile(m_scratch->folder.path() / "registry.ini");
@@ -270,6 +267,12 @@ private slots:
             const PdfPrints saved(m_scratch->folder.path() / "masik.pdf", PdfPrints::Way::AskedFile);
             click(*form, "RpPdf");
             QVERIFY2(saved.text().contains("Rp. Acidi borici 2,0"), qPrintable(saved.text()));
+            // A file that cannot be written is refused with the reason.
+            const auto unwritable = m_scratch->folder.path() / "recept.pdf" / "rx.pdf";  // under a file
+            const PdfPrints refused(unwritable, PdfPrints::Way::AskedFile);
+            click(*form, "RpPdf");
+            QCOMPARE(messages(),
+                     QStringList{"A PDF fájl nem írható: " + QString::fromStdString(unwritable.string())});
 
             form->show();
             click(*form, "RpFormat2");
@@ -386,16 +389,6 @@ private slots:
             ++checked;
         }
         QVERIFY(checked >= 8);
-    }
-
-    void unwritablePdfIsRefusedWithTheReason()
-    {
-        rovanel::testing::ScratchDirectory directory;
-        directory.write("file", "");
-        const QString path = QString::fromStdString((directory.path() / "file" / "rx.pdf").string());
-        const auto refused = rovanel::forms::saveLayoutPdf(path, rovanel::PrintLayout{});
-        QVERIFY(refused);
-        QCOMPARE(*refused, QStringLiteral("A PDF fájl nem írható: ") + path);
     }
 
     void certificateListsEveryProductOfTheListPrintsAsEditedAndEmptiesIt()
