@@ -1,6 +1,6 @@
 // What a window test opens its window on (a shared state over a database folder) and the window itself,
 // shown, in a fresh user profile, with every message it shows recorded. A window test includes this
-// header alone: it brings the driver (Controls.h) and the catches of prints and help (Capture.h).
+// header alone: it brings the driver and the catches of prints and help (Controls.h).
 //   On<TKh> form(database);
 //   click(form, "Ellenoriz");
 //   QCOMPARE(form.messages.texts(), QStringList{"..."});
@@ -20,7 +20,6 @@
 #include "db/MessageTable.h"
 #include "db/SharedState.h"
 #include "tests/fixtures/SixProductDatabase.h"
-#include "tests/forms/support/Capture.h"
 #include "tests/forms/support/Controls.h"
 #include "tests/support/EngineDatabase.h"
 #include "tests/support/ScopedEnvironment.h"
