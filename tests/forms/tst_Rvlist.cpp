@@ -19,9 +19,7 @@ namespace
 {
 
 // The six-product database, and the drug list window on it in a fresh profile.
-struct DrugList : SixProductState {
-    UserProfile profile;
-    MessageRecorder messages;
+struct DrugList : SixProductState, WindowSurroundings {
     std::unique_ptr<TGylist> form;
 
     explicit DrugList(const char* ttValue = nullptr) { open(ttValue); }
@@ -122,6 +120,10 @@ private slots:
     void choosingAProductShowsItsDescriptionLevelsAndSameAtcProducts()
     {
         DrugList list;
+        QImage picture(40, 30, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        QVERIFY(picture.save(QString::fromStdString((list.directory / "r1.jpg").string())));
+        list.open();  // again, with the picture there
         QVERIFY(!control<QCheckBox>(*list.form, "TTNemKell")->isChecked());
         list.choose(0);
         QVERIFY(list.describes("ALFA 5 MG"));
@@ -155,6 +157,20 @@ private slots:
         QCOMPARE(linesOf(*list.form, "AzonAtc") + linesOf(*list.form, "AzonAtcNev"), QStringList{});
         click(*list.form, "RBGyogyszer");
         QCOMPARE(linesOf(*list.form, "Gylist").size(), 4);
+
+        // The C08 picture shows only while the picture display is on.
+        auto* box = control<QTextEdit>(*list.form, "Leiras1");
+        auto* image = control<QLabel>(*list.form, "RgImage1");
+        const int fullHeight = box->height();
+        list.choose(0);  // C08, but the display is off after the first showing
+        QVERIFY(!image->isVisible());
+        list.form->setPictureDisplay(true);
+        list.choose(0);
+        QVERIFY(image->isVisible());
+        QTRY_COMPARE(box->height(), fullHeight - (30 + 10));
+        list.choose(3);  // A01
+        QVERIFY(!image->isVisible());
+        QTRY_COMPARE(box->height(), fullHeight);
     }
 
     // The first showing lists the medicines, names none, and reads the TT setting. The database folder is
@@ -198,27 +214,6 @@ private slots:
         QVERIFY(rovanel::writeProfileString(userIni, "Rovanel Beallitasok", "TTNemKellLeirasba", "NEM"));
         list.open("IGEN");
         QVERIFY(!control<QCheckBox>(*list.form, "TTNemKell")->isChecked());
-    }
-
-    void c08PictureShowsOnlyWhilePictureDisplayIsOn()
-    {
-        DrugList list;
-        QImage picture(40, 30, QImage::Format_RGB32);
-        picture.fill(Qt::red);
-        QVERIFY(picture.save(QString::fromStdString((list.directory / "r1.jpg").string())));
-        list.open();  // again, with the picture there
-        auto* box = control<QTextEdit>(*list.form, "Leiras1");
-        auto* image = control<QLabel>(*list.form, "RgImage1");
-        const int fullHeight = box->height();
-        list.choose(0);  // C08, but the display is off after the first showing
-        QVERIFY(!image->isVisible());
-        list.form->setPictureDisplay(true);
-        list.choose(0);
-        QVERIFY(image->isVisible());
-        QTRY_COMPARE(box->height(), fullHeight - (30 + 10));
-        list.choose(3);  // A01
-        QVERIFY(!image->isVisible());
-        QTRY_COMPARE(box->height(), fullHeight);
     }
 
     void descriptionWindowShowsTheProductUnderItsButtonsAndSearchesCaseSensitively()
