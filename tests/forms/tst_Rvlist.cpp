@@ -307,7 +307,7 @@ private slots:
     }
 
     // Twenty drugs and nineteen contraindications are taken; the same drug twice is silent.
-    void interactionsTakeTwentyDrugsAndNineteenContraindications()
+    void interactionsTakeTwentyDrugsAndNineteenContraindicationsAndSearchByAtc()
     {
         On<TKh> form(interactionDatabase());
         QCOMPARE(form.windowTitle().left(18), QString("Kölcsönhatás - ATC"));
@@ -339,6 +339,21 @@ private slots:
         QCOMPARE(form.messages.texts(), QStringList(2, "Legföljebb 20 ellenjavallat adható meg"));
         click(form, "EllListTorol");
         QCOMPARE(linesOf(form, "EllList"), QStringList{});
+
+        // The ATC search lists the group (GAMMA is taken: ALFA's careful code names it); "Megnéz" opens the
+        // line's drug.
+        std::vector<std::pair<int, QString>> shown;
+        form.setDescriptionViewer(
+            [&](std::int32_t record, const QString& caption) { shown.emplace_back(record, caption); });
+        auto* atc = control<QTreeWidget>(form, "ATCTree");
+        chooseNode(atc, 1);
+        click(form, "ATCKeres");
+        QCOMPARE(linesOf(form, "KhGyList"), (QStringList{"ALFA\t999999 !", "BÉTA\t999999"}));
+        control<QListWidget>(form, "KhGyList")->setCurrentRow(1);
+        click(form, "KhGyMegnez");
+        QCOMPARE(shown, (std::vector<std::pair<int, QString>>{{1, "BÉTA\t999999"}}));
+        chooseNode(atc, 2);  // another node empties the list
+        QCOMPARE(linesOf(form, "KhGyList"), QStringList{});
     }
 
     void interactionCheckShowsTheReportAndTheDrugsConcernedAlsoFromTheSideEffectWindow()
@@ -380,24 +395,6 @@ private slots:
         QCOMPARE(form.state.selection.SzedettGy[2], 2);
         click(form, "Ellenoriz");
         QCOMPARE(form.messages.texts(), QStringList{kNoFinding});
-    }
-
-    void interactionsAtcSearchListsTheGroupAndMegnezOpensTheLinesDrug()
-    {
-        On<TKh> form(interactionDatabase());
-        std::vector<std::pair<int, QString>> shown;
-        form.setDescriptionViewer(
-            [&](std::int32_t record, const QString& caption) { shown.emplace_back(record, caption); });
-        addDrug(form, 2);  // GAMMA taken: ALFA's careful code names it
-        auto* tree = control<QTreeWidget>(form, "ATCTree");
-        chooseNode(tree, 1);
-        click(form, "ATCKeres");
-        QCOMPARE(linesOf(form, "KhGyList"), (QStringList{"ALFA\t999999 !", "BÉTA\t999999"}));
-        control<QListWidget>(form, "KhGyList")->setCurrentRow(1);
-        click(form, "KhGyMegnez");
-        QCOMPARE(shown, (std::vector<std::pair<int, QString>>{{1, "BÉTA\t999999"}}));
-        chooseNode(tree, 2);  // another node empties the list
-        QCOMPARE(linesOf(form, "KhGyList"), QStringList{});
     }
 
     void sideEffectAndIngredientSearchesShowAtMost600AndSideEffectsAmongTheDrugsTaken()
