@@ -263,8 +263,7 @@ private slots:
         update.write("nevrend.dat", "new names");
         run.data.write("RV.INI", "[Rovanel Beallitasok]\r\nPathToUpdate=" + update.path().string() + "/\r\n");
         auto* item = control<QAction>(run.main, "Frissites");
-        QVERIFY(item->isEnabled());
-        item->trigger();
+        item->trigger();  // a disabled item would do nothing
         QCOMPARE(run.messages.take(), QStringList({"Az adatbázis változott, indul a frissítés.",
                                                    "Sikeres frissítés, a program újra indul."}));
         QCOMPARE(restarts, 1);
