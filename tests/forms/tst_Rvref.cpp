@@ -119,7 +119,7 @@ private slots:
         QCOMPARE(window.names(), (QStringList{"EPSZILON 5 MG", "ZETA 5 MG", "ETA 5 MG"}));
         window.searchCode("C08CA03");
         QCOMPARE(window.messages.texts(), QStringList{"Hibás ATC kód!"});
-        // Picking a product by any part of its name, in any case, lists its group.
+        // Picking a product by a piece of its name, in any case, lists its group.
         auto* gylist = control<QComboBox>(*window.form, "Gylist");
         pickByTyping(gylist, "lfa");
         QCOMPARE(gylist->currentText(), QString("ALFA 5 MG"));
