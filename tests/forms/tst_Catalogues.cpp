@@ -1,7 +1,8 @@
-// The medical aids and the FoNo formulary windows driven by their controls' names, on catalogue files
-// written into a scratch data folder.
+// The medical aids, the FoNo formulary and the own magistral list windows driven by their controls' names,
+// on catalogue files written into a scratch data folder.
 
 #include "catalogues/forms/Fono.h"
+#include "catalogues/forms/Rvmagi.h"
 #include "catalogues/forms/Se.h"
 #include "tests/forms/support/Windows.h"
 
@@ -56,13 +57,34 @@ QColor colourAt(const QTextEdit* box, int position)
     return cursor.charFormat().foreground().color();
 }
 
+// A data folder whose RV.INI points PathToUpdate at its "upd" (with the trailing backslash).
+struct MagiFolder : CatalogueWindowState {
+    MagiFolder()
+    {
+        write("RV.INI",
+              "[Rovanel Beallitasok]\r\nPathToUpdate=" + (directory.path() / "upd").string() + "\\\r\n");
+    }
+    [[nodiscard]] std::string read(const char* name) const
+    {
+        return directory.read(std::string("upd/magi/") + name);
+    }
+};
+
+void typeRecipe(QWidget& form, const QString& name, const QString& text)
+{
+    QLineEdit* edit = control<QComboBox>(form, "MagiList")->lineEdit();
+    edit->clear();
+    typeText(edit, name);
+    control<QPlainTextEdit>(form, "MagiTxt")->setPlainText(text);
+}
+
 }  // namespace
 
 class TestCatalogues : public QObject
 {
     Q_OBJECT
 private slots:
-    void aidsTreeSearchListsHitsAndAGroupsAidShowsItsDescription()
+    void aidsSearchesListOrSelectHitsAndAGroupsAidShowsItsDescription()
     {
         On<TSegedeszk, Aids> form;
         QCOMPARE(form.windowTitle(), QString("Gyógyászati segédeszközök"));
@@ -84,11 +106,22 @@ private slots:
         // The description's lines are MedicalAids_test's; here the chosen aid's, with its group's notes.
         QVERIFY(textOf(form, "SeDesc").startsWith("Járókeret darab\nBruttó ár: 300Ft"));
         QVERIFY(textOf(form, "SeDesc").endsWith("\n---Kölcsönözhető---\n kölcsönözhető is"));
-    }
 
-    void aidsOneByOneSelectsEachHitInTurn()
-    {
-        On<TSegedeszk, Aids> form;
+        // The name search finds the aid in its group.
+        control<QLineEdit>(form, "SeEdt")->clear();
+        typeInto(form, "SeEdt", "bokaORT");
+        click(form, "SeNevKeres");
+        QCOMPARE(linesOf(form, "FoundSeLst"), QStringList{"Bokaortézis pár"});
+        found->setCurrentRow(0);
+        QTest::mouseClick(found->viewport(), Qt::LeftButton, {},
+                          found->visualItemRect(found->item(0)).center());
+        QCOMPARE(currentNode(form, "SeTree"), QString("01 01 Alsó végtag"));
+        click(form, "SeListaz");
+        QCOMPARE(linesOf(form, "SeList").size(), 2);
+        QVERIFY(textOf(form, "SeDesc").startsWith("Bokaortézis pár\n"));
+
+        // One by one: each hit is selected in turn.
+        control<QLineEdit>(form, "SeEdt")->clear();
         click(form, "FabaListaba0");
         QVERIFY(control<QRadioButton>(form, "FabaListaba0")->isChecked());
         typeInto(form, "SeEdt", "01");
@@ -109,24 +142,8 @@ private slots:
         QVERIFY(!top->isExpanded());
     }
 
-    void aidsNameSearchFindsTheAidInItsGroup()
-    {
-        On<TSegedeszk, Aids> form;
-        typeInto(form, "SeEdt", "bokaORT");
-        click(form, "SeNevKeres");
-        QCOMPARE(linesOf(form, "FoundSeLst"), QStringList{"Bokaortézis pár"});
-        auto* found = control<QListWidget>(form, "FoundSeLst");
-        found->setCurrentRow(0);
-        QTest::mouseClick(found->viewport(), Qt::LeftButton, {},
-                          found->visualItemRect(found->item(0)).center());
-        QCOMPARE(currentNode(form, "SeTree"), QString("01 01 Alsó végtag"));
-        click(form, "SeListaz");
-        QCOMPARE(linesOf(form, "SeList").size(), 2);
-        QVERIFY(textOf(form, "SeDesc").startsWith("Bokaortézis pár\n"));
-    }
-
     // A missing file leaves the window empty, and is tried again at the next showing.
-    void missingFilesLeaveTheWindowsEmpty()
+    void missingFilesLeaveTheWindowsEmptyAndAnUnusableFolderIsReported()
     {
         Aids fixture(false);
         Shown<TSegedeszk> aids(fixture.state);
@@ -139,14 +156,21 @@ private slots:
         fixture.writeAll();
         aids.show();
         QCOMPARE(linesOf(aids, "SeTree"), QStringList{"01 Ortézisek"});
+        // A magistral folder that cannot be made is reported at the first showing.
+        MagiFolder folder;
+        folder.write("upd", "a file where the folder should be");
+        Shown<TMagiForm> form(folder.state);
+        QCOMPARE(form.messages.texts().size(), 1);
+        QVERIFY(form.messages.texts().front().startsWith("A saját receptek mappája nem hozható létre: "));
+        QCOMPARE(folder.directory.read("upd"), "a file where the folder should be");
     }
 
-    void formularyNodeShowsItsItemWithColouredTitleAndLabels()
+    void formularyNodeOrPickedNameShowsItsItemWithColouredTitleAndLabels()
     {
         On<TFoNoForm, Formulary> form;
         QCOMPARE(form.windowTitle(), QString("FoNo"));
         auto* tree = control<QTreeWidget>(form, "FoNoTree");
-        tree->setCurrentItem(tree->topLevelItem(0)->child(0));
+        tree->setCurrentItem(tree->topLevelItem(0)->child(0));  // the chapter is current from the start
         QCOMPARE(control<QComboBox>(form, "FoNoLst")->currentIndex(), 1);
         auto* box = control<QTextEdit>(form, "FoNoRtf");
         // Which line takes which style is Formulary_test's; here the styles' colours land in the box.
@@ -157,24 +181,76 @@ private slots:
         QCOMPARE(colours, (QList<QColor>{QColor(0, 0, 255), QColor(0, 128, 0), QColor(0, 0, 0)}));
         QCOMPARE(QString::fromStdString(rovanel::cp1250ToUtf8(form.FoNoName())),
                  QString("Unguentum acidi salicylici 5%"));
-    }
 
-    // Typing filters the names (case and accents folded), Enter picks the item under its own number; a
-    // chapter node then shows nothing.
-    void formularyPickedNameShowsItsItemAndAChapterNodeNothing()
-    {
-        On<TFoNoForm, Formulary> form;
+        // Typing filters the names (case and accents folded), Enter picks the item under its own number;
+        // a chapter node then shows nothing.
         auto* names = control<QComboBox>(form, "FoNoLst");
+        pickByTyping(names, "pasta");
+        QCOMPARE(names->currentIndex(), 0);
+        QVERIFY(textOf(form, "FoNoRtf").startsWith("Pasta zinci 10%\nRp."));
         pickByTyping(names, "SALIC");
         QCOMPARE(names->currentIndex(), 1);
         QVERIFY(textOf(form, "FoNoRtf").startsWith("Unguentum"));
-        pickByTyping(names, "pasta");
-        QVERIFY(textOf(form, "FoNoRtf").startsWith("Pasta zinci 10%\nRp."));
-        auto* tree = control<QTreeWidget>(form, "FoNoTree");
-        tree->setCurrentItem(tree->topLevelItem(0)->child(0));  // the chapter is current from the start
         tree->setCurrentItem(tree->topLevelItem(0));
         QCOMPARE(textOf(form, "FoNoRtf"), QString());
         QCOMPARE(names->currentIndex(), -1);
+    }
+
+    void magistralRecipesAreListedSavedReadBackAndHandedOn()
+    {
+        On<TMagiForm, MagiFolder> form;
+        QCOMPARE(form.windowTitle(), QString("Saját Magi receptek"));
+        // A name that cannot be a file is refused before anything is written.
+        typeRecipe(form, "recept 1/2", "x");
+        click(form, "MagiAdd");
+        QCOMPARE(form.messages.texts(),
+                 QStringList{
+                     "A recept neve nem tartalmazhatja a következő karakterek egyikét: \\ / : * ? \" < > |"});
+        QCOMPARE(form.messages.captions(), QStringList{"Saját Magi receptek"});
+        form.messages.clear();
+        QCOMPARE(control<QComboBox>(form, "MagiList")->count(), 0);
+        QCOMPARE(form.read("MagiList.txt"), std::string());
+
+        typeRecipe(form, "Kenőcs", "Rp.\nAcidi salicylici 5,0");
+        click(form, "MagiAdd");
+        typeRecipe(form, "Oldat", "Rp.\nAquae 100,0");
+        click(form, "MagiAdd");
+        QCOMPARE(form.read("MagiList.txt"),
+                 "Ken\xF5"
+                 "cs\r\nOldat\r\n");
+
+        // Typing filters the names, accents and case folded; Enter picks the first match.
+        auto* list = control<QComboBox>(form, "MagiList");
+        pickByTyping(list, "KENO");
+        QCOMPARE(textsOf(form, {"MagiList", "MagiTxt"}),
+                 (QStringList{"Kenőcs", "Rp.\nAcidi salicylici 5,0"}));
+
+        // A right click on the recipe hands it to the prescription window, when there is one.
+        auto* text = control<QPlainTextEdit>(form, "MagiTxt")->viewport();
+        QTest::mouseClick(text, Qt::RightButton);  // no prescription window: nothing happens
+        std::vector<std::string> handed;
+        form.setPrescriptionHandover(
+            [&](const std::string& name, const std::string& recipe, const std::string& code) {
+                handed = {name, recipe, code};
+            });
+        QTest::mouseClick(text, Qt::LeftButton);
+        QVERIFY(handed.empty());
+        QTest::mouseClick(text, Qt::RightButton);
+        QCOMPARE(handed, (std::vector<std::string>{"Ken\xF5"
+                                                   "cs",
+                                                   "Rp.\nAcidi salicylici 5,0", "999999999"}));
+        control<QPlainTextEdit>(form, "MagiTxt")->setPlainText("Rp.\nAcidi salicylici 10,0");
+        click(form, "MagiMod");
+        QCOMPARE(form.read("Kenőcs"), "Rp.\r\nAcidi salicylici 10,0");
+        QCOMPARE(list->count(), 2);
+
+        // Delete removes the shown name (the files: MagiStore_test); with nothing shown it does nothing.
+        pickByTyping(list, "oldat");
+        click(form, "MagiDel");
+        QVERIFY(!std::filesystem::exists(form.directory.path() / "upd/magi/Oldat"));
+        click(form, "MagiDel");
+        QCOMPARE(list->count(), 1);
+        QCOMPARE(form.messages.texts(), QStringList());
     }
 };
 

@@ -37,7 +37,7 @@ private slots:
         QDir::setCurrent(previous);
     }
 
-    void drugListShowsRealNamesPricesAndGroups()
+    void drugListShowsRealNamesPricesAndGroupsAndTheInteractionCheckNoAllClear()
     {
         Shown<TGylist> form(m_real.state);
         auto* names = control<QComboBox>(form, "Gylist");
@@ -45,16 +45,27 @@ private slots:
         QVERIFY(index >= 0);
         names->setCurrentIndex(index);
         emit names->activated(index);
-        for (const char* line :
-             {"Fogyasztói ár:295.0 Ft  Normatív támogatás: 74 %  Térítési díj: 76.0 Ft",
-              "Napi költség: 3 Ft (térítési díj alapján)", "Törzskönyvi szám: OGYI-T-20304/03"})
-            QVERIFY2(textOf(form, "Leiras1").contains(line), line);
-        QCOMPARE(linesOf(form, "AzonAtc").size(), 5);
-        QCOMPARE(linesOf(form, "AzonAtc").at(2),
+        // The description's lines are DescriptionBuilder_test's; here the real price reaches it.
+        QVERIFY(textOf(form, "Leiras1")
+                    .contains("Fogyasztói ár:295.0 Ft  Normatív támogatás: 74 %  Térítési díj: 76.0 Ft"));
+        QCOMPARE(linesOf(form, "AzonAtc").value(2),
                  QString("C08C  szelektív kalcium-csatorna blokkolók főként érhatásokkal"));
         QCOMPARE(linesOf(form, "AzonAtcNev").first(),
                  QString("AMLODIPIN-TEVA 10 MG TABLETTA 30X  1.6 Ft/nap"));
         keep(form, "drug-list.png");
+
+        // The interaction check gives no all-clear from a database without interaction data.
+        Shown<TKh> interactions(m_real.state);
+        for (const int line : {0, 1}) {
+            control<QComboBox>(interactions, "Gylist")->setCurrentIndex(line);
+            click(interactions, "GyToList");
+        }
+        click(interactions, "Ellenoriz");
+        QCOMPARE(
+            interactions.messages.texts(),
+            QStringList{"Ebben az adatbázisban nincsenek kölcsönhatási és ellenjavallati adatok: a vizsgálat "
+                        "nem talált semmit, de ez nem jelenti, hogy a gyógyszerek együtt adhatók."});
+        keep(interactions, "interactions.png");
     }
 
     void bnoBrowserFindsG4090()
@@ -64,10 +75,8 @@ private slots:
         QCOMPARE(tree->topLevelItemCount(), 22);
         control<QLineEdit>(form, "BnoEdt")->setText("G4090");
         click(form, "BnoKeres");
-        QVERIFY(!tree->selectedItems().isEmpty());
-        const QTreeWidgetItem* hit = tree->selectedItems().first();
-        QVERIFY(hit->text(0).startsWith("G4090 "));
-        QVERIFY(hit->parent()->text(0).startsWith("G409 "));
+        const QTreeWidgetItem* hit = tree->currentItem();
+        QVERIFY(hit && hit->text(0).startsWith("G4090 "));
         QVERIFY(hit->parent()->parent()->parent()->text(0).startsWith("VI. fejezet"));
         keep(form, "bno.png");
     }
@@ -79,28 +88,12 @@ private slots:
         control<QLineEdit>(form, "SeEdt")->setText("Suprasorb F 5");
         click(form, "SeNevKeres");
         auto* found = control<QListWidget>(form, "FoundSeLst");
-        QVERIFY(found->count() > 0);
         doubleClick(found, found->model()->index(0, 0));
         QCOMPARE(linesOf(form, "SeList").size(), 1);
         QCOMPARE(
             textOf(form, "SeDesc").section('\n', 0, 1),
             QString("Suprasorb F 5 x 7 cm darab\nBruttó ár: 114Ft\tTámogatás: 91Ft\tTérítési díj: 23Ft"));
         keep(form, "aids.png");
-    }
-
-    void interactionCheckSaysTheDatabaseHasNoData()
-    {
-        Shown<TKh> form(m_real.state);
-        for (const int index : {0, 1}) {
-            control<QComboBox>(form, "Gylist")->setCurrentIndex(index);
-            click(form, "GyToList");
-        }
-        click(form, "Ellenoriz");
-        QCOMPARE(
-            form.messages.texts(),
-            QStringList{"Ebben az adatbázisban nincsenek kölcsönhatási és ellenjavallati adatok: a vizsgálat "
-                        "nem talált semmit, de ez nem jelenti, hogy a gyógyszerek együtt adhatók."});
-        keep(form, "interactions.png");
     }
 };
 

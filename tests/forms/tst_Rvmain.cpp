@@ -12,6 +12,8 @@ using rovanel::testing::ScratchDirectory;
 namespace
 {
 
+enum class StartChange { None, OldDatabase, KeyWithoutValue, NoTitlePicture };
+
 // "name caption shortcut", and "(off)" for a disabled item.
 QStringList describe(const QList<QAction*>& actions)
 {
@@ -59,11 +61,11 @@ private slots:
     void init() { m_start = std::make_unique<TinyDatabaseStart>(); }
     void cleanup() { m_start.reset(); }
 
-    void menuHoldsEveryItemWithCaptionAndShortcut()
+    void menuHoldsEveryItemWithCaptionAndShortcutF1OpensHelpAndVgeEndsTheProgram()
     {
         TMain main({});
-        auto* drugs = control<QMenu>(main, "Edit1");
-        QCOMPARE(drugs->title(), QString("&Gyógyszer"));
+        QCOMPARE(main.state().tables.productNames.size(), std::size_t{5});
+        auto* drugs = control<QMenu>(main, "Edit1");  // titled "&Gyógyszer", as the menu bar says below
         // No window of this program is attached here: only the refresh and exit items work.
         QCOMPARE(describe(drugs->actions()),
                  (QStringList{"RefMenu &Részletes lista Ctrl+R (off)", "LeirMenu &Leírások Ctrl+L (off)",
@@ -76,169 +78,9 @@ private slots:
         QCOMPARE(describe(control<QMenuBar>(main, "MainMenu1")->actions()),
                  (QStringList{"Edit1Item &Gyógyszer", "Bno1 &Bno (off)", "Segdeszkz1 &Segédeszköz (off)",
                               "Belltsok1 Beá&llítások (off)", "Frissites &Frissítés", "Vge1 Vége"}));
-    }
-
-    void attachedWindowOpensFromItsItemAndShortcut()
-    {
-        TMain main({});
-        QWidget descriptions;
-        QWidget interactions;
-        main.attachWindow(TMain::Window::Gylist, &descriptions);
-        main.attachWindow(TMain::Window::Kh, &interactions);
-        auto* item = control<QAction>(main, "LeirMenu");
-        QVERIFY(item->isEnabled());
-        item->trigger();
-        QVERIFY(descriptions.isVisible());
-        descriptions.hide();
         main.show();
         QVERIFY(QTest::qWaitForWindowActive(&main));
-        QTest::keyClick(&main, Qt::Key_K, Qt::ControlModifier);
-        QVERIFY(interactions.isVisible());
-        QVERIFY(!descriptions.isVisible());
-        QList<bool> permanentCalls;
-        main.attachPermanentDrugs([&](bool setListMode) { permanentCalls.append(setListMode); });
-        control<QAction>(main, "AllandoGy")->trigger();
-        QCOMPARE(permanentCalls, QList<bool>{true});  // the menu sets the list mode to 3 first
-    }
-
-    void duplicateCtrlRAndMnemonicR_data()
-    {
-        QTest::addColumn<bool>("detailedListThere");
-        QTest::addColumn<QStringList>("keys");
-        QTest::addColumn<QString>("opened");
-        QTest::newRow("Ctrl+R: the first item") << true << QStringList{"Ctrl+R"} << "detailed list";
-        QTest::newRow("Ctrl+R again: every press")
-            << true << QStringList{"Ctrl+R", "Ctrl+R"} << "detailed list";
-        QTest::newRow("Ctrl+R, first item disabled") << false << QStringList{"Ctrl+R"} << "regulations";
-        // The menu opens with its first item marked; R marks the next item with that mnemonic, round.
-        QTest::newRow("R marks, opens nothing") << true << QStringList{"Alt+G", "R"} << "";
-        QTest::newRow("R, Enter") << true << QStringList{"Alt+G", "R", "Enter"} << "regulations";
-        QTest::newRow("R, R, Enter: round again")
-            << true << QStringList{"Alt+G", "R", "R", "Enter"} << "detailed list";
-    }
-
-    // Both items carry Ctrl+R and the mnemonic R. Ctrl+R opens the first enabled one, every time. The
-    // "&Gyógyszer" menu opens with its first item marked; R marks the next item with that mnemonic (so
-    // first "&Rendeletek", then "&Részletes lista" again) and opens nothing; Enter opens the one marked.
-    void duplicateCtrlRAndMnemonicR()
-    {
-        QFETCH(bool, detailedListThere);
-        QFETCH(QStringList, keys);
-        QFETCH(QString, opened);
-        TMain main({});
-        QWidget regulations;
-        QWidget detailedList;
-        main.attachWindow(TMain::Window::Rend, &regulations);
-        if (detailedListThere) main.attachWindow(TMain::Window::RefForm, &detailedList);
-        main.show();
-        QVERIFY(QTest::qWaitForWindowActive(&main));
-        for (const QString& key : keys) {
-            if (key == "Ctrl+R") {
-                detailedList.hide();
-                main.activateWindow();
-                QVERIFY(QTest::qWaitForWindowActive(&main));
-                QTest::keyClick(&main, Qt::Key_R, Qt::ControlModifier);
-            } else if (key == "Alt+G") {
-                QTest::keyClick(&main, Qt::Key_G, Qt::AltModifier);
-                QTRY_VERIFY(QApplication::activePopupWidget());
-            } else {  // to the open menu, as the keyboard sends it
-                QTest::keyClick(static_cast<QWidget*>(nullptr), key == "R" ? Qt::Key_R : Qt::Key_Return);
-            }
-        }
-        QCOMPARE(detailedList.isVisible(), opened == "detailed list");
-        QCOMPARE(regulations.isVisible(), opened == "regulations");
-    }
-
-    // The age rules themselves are pinned by DatabaseAge_test; here the window's title and message.
-    void titleCarriesClosingDateAndAgeWarning()
-    {
-        QFile file(QString::fromStdString((m_start->data.path() / "gy.ful").string()));
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QVERIFY(
-            file.setFileTime(QDateTime::currentDateTime().addMonths(-12), QFileDevice::FileModificationTime));
-        TMain main({});
-        QCOMPARE(
-            main.windowTitle(),
-            QString("Rovanel - 20261101 Lezárva:2026.11.01 - Az adatbázis sokat veszített aktualitásából! "));
-        QCOMPARE(main.ClosingDate, std::string("20261101"));
-        QCOMPARE(messages(),
-                 QStringList{"Az adatbázis sokat veszített aktualitásából,\n        frissítse a programot."});
-        QCOMPARE(m_start->messages.captions(), QStringList{"Rovanel"});
-    }
-
-    void parametersChooseWhatOpens_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<bool>("picture");
-        QTest::addColumn<QString>("opened");
-        QTest::newRow("none") << QStringList{} << true << QString();
-        QTest::newRow("-gy") << QStringList{"-gy"} << false << QString("Gylist");
-        QTest::newRow("-r") << QStringList{"-r"} << false << QString("RefForm");
-        QTest::newRow("-a") << QStringList{"-a"} << false << QString("permanent");
-        QTest::newRow("upper-case -GY") << QStringList{"-GY"} << true << QString();
-        QTest::newRow("-gy second") << QStringList{"x", "-gy"} << true << QString();
-    }
-
-    void parametersChooseWhatOpens()
-    {
-        QFETCH(QStringList, arguments);
-        QFETCH(bool, picture);
-        QFETCH(QString, opened);
-        TMain main(arguments);
-        QWidget descriptions;
-        QWidget detailedList;
-        QList<bool> permanentCalls;
-        main.attachWindow(TMain::Window::Gylist, &descriptions);
-        main.attachWindow(TMain::Window::RefForm, &detailedList);
-        main.attachPermanentDrugs([&](bool setListMode) { permanentCalls.append(setListMode); });
-        main.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&main));
-        auto* RG1 = control<QLabel>(main, "RG1");
-        QCOMPARE(RG1->isVisible(), picture);
-        QCOMPARE(!RG1->pixmap().isNull(), picture);
-        QCOMPARE(main.centralWidget()->height(), picture ? 400 : 0);
-        QCOMPARE(descriptions.isVisible(), opened == "Gylist");
-        QCOMPARE(detailedList.isVisible(), opened == "RefForm");
-        QCOMPARE(permanentCalls, opened == "permanent" ? QList<bool>{false} : QList<bool>{});
-        QCOMPARE(main.PicCount, 1);  // Rg0.jpg and Rg1.jpg; r1.jpg and r2.jpg do not count
-    }
-
-    // The defaults and the reads themselves are pinned by RegistrySettings_test; here what the window
-    // does with them.
-    void cleanProfileGetsEveryRegistryDefault()
-    {
-        TMain main({});
-        QVERIFY(messages().isEmpty());
-        QVERIFY(main.UpgChecked);  // set at creation whatever CheckUpg says; FormShow clears it
-        QVERIFY(m_start->profile.directory().read("registry.ini").find("CheckUpg=dword:1") !=
-                std::string::npos);
-        main.show();
-        QVERIFY(!main.UpgChecked);
-    }
-
-    void keyWithoutValueShowsTheReadErrorAtStart()
-    {
-        m_start->profile.directory().write("registry.ini", "[Software\\Rovanel\\CheckUpg]\r\n");
-        TMain main({});
-        QCOMPARE(messages(), QStringList{"A rendszer nem találja a megadott fájlt."});
-        QVERIFY(main.UpgChecked);
-    }
-
-    void missingPictureIsReportedAndStartGoesOn()
-    {
-        m_start->data.remove("Rg0.jpg");
-        TMain main({});
-        QCOMPARE(messages(), QStringList{"A(z) \"Rg0.jpg\" kép nem tölthető be."});
-        main.show();
-        QVERIFY(main.menuBar()->isVisible());
-        QVERIFY(main.windowTitle().contains("Lezárva"));
-    }
-
-    void helpKeyOpensTheMainWindowPage()
-    {
-        TMain main({});
-        main.show();
-        QVERIFY(QTest::qWaitForWindowActive(&main));
+        // F1 asks for the main window's page.
         {
             HelpRequests help;
             QTest::keyClick(&main, Qt::Key_F1);
@@ -262,18 +104,154 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(help));
         QTest::keyClick(help, Qt::Key_Escape);
         QVERIFY(!help->isVisible());
-    }
 
-    void closingReleasesTheTablesAndEndsTheProgram()
-    {
-        TMain main({});
-        QCOMPARE(main.state().tables.productNames.size(), std::size_t{5});
+        // "Vége" releases the tables and ends the program.
         QSignalSpy closed(&main, &TMain::closed);
-        main.show();
         control<QAction>(main, "Vge1")->trigger();
         QCOMPARE(closed.count(), 1);
-        QVERIFY(main.state().tables.productNames.empty());
-        QVERIFY(main.state().tables.productCodes.empty());
+        QVERIFY(main.state().tables.productNames.empty() && main.state().tables.productCodes.empty());
+    }
+
+    void itemsOpenTheirWindowsFromTheKeyboard_data()
+    {
+        QTest::addColumn<bool>("detailedListThere");
+        QTest::addColumn<QStringList>("keys");
+        QTest::addColumn<QString>("opened");
+        QTest::newRow("Ctrl+K") << true << QStringList{"Ctrl+K"} << "interactions";
+        QTest::newRow("Alt+G, L: the only L") << true << QStringList{"Alt+G", "L"} << "descriptions";
+        // The menu sets the permanent drugs' list mode to 3 first.
+        QTest::newRow("Ctrl+N") << true << QStringList{"Ctrl+N"} << "permanent drugs in list mode";
+        QTest::newRow("Ctrl+R: the first item") << true << QStringList{"Ctrl+R"} << "detailed list";
+        QTest::newRow("Ctrl+R again: every press")
+            << true << QStringList{"Ctrl+R", "Ctrl+R"} << "detailed list";
+        QTest::newRow("Ctrl+R, first item disabled") << false << QStringList{"Ctrl+R"} << "regulations";
+        // The menu opens with its first item marked; R marks the next item with that mnemonic, round.
+        QTest::newRow("R marks, opens nothing") << true << QStringList{"Alt+G", "R"} << "";
+        QTest::newRow("R, Enter") << true << QStringList{"Alt+G", "R", "Enter"} << "regulations";
+        QTest::newRow("R, R, Enter: round again")
+            << true << QStringList{"Alt+G", "R", "R", "Enter"} << "detailed list";
+    }
+
+    // Two items carry Ctrl+R and the mnemonic R. Ctrl+R opens the first enabled one, every time. The
+    // "&Gyógyszer" menu opens with its first item marked; R marks the next item with that mnemonic (so
+    // first "&Rendeletek", then "&Részletes lista" again) and opens nothing; Enter opens the one marked.
+    void itemsOpenTheirWindowsFromTheKeyboard()
+    {
+        QFETCH(bool, detailedListThere);
+        QFETCH(QStringList, keys);
+        QFETCH(QString, opened);
+        TMain main({});
+        QWidget regulations, detailedList, descriptions, interactions;
+        QList<bool> permanentCalls;
+        main.attachWindow(TMain::Window::Rend, &regulations);
+        if (detailedListThere) main.attachWindow(TMain::Window::RefForm, &detailedList);
+        main.attachWindow(TMain::Window::Gylist, &descriptions);
+        main.attachWindow(TMain::Window::Kh, &interactions);
+        main.attachPermanentDrugs([&](bool setListMode) { permanentCalls.append(setListMode); });
+        main.show();
+        QVERIFY(QTest::qWaitForWindowActive(&main));
+        for (const QString& key : keys) {
+            if (key.startsWith("Ctrl+")) {
+                detailedList.hide();
+                main.activateWindow();
+                QVERIFY(QTest::qWaitForWindowActive(&main));
+                QTest::keySequence(&main, QKeySequence(key));
+            } else if (key == "Alt+G") {
+                QTest::keyClick(&main, Qt::Key_G, Qt::AltModifier);
+                QTRY_VERIFY(QApplication::activePopupWidget());
+            } else {  // to the open menu, as the keyboard sends it
+                QTest::keyClick(static_cast<QWidget*>(nullptr),
+                                QKeySequence(key == "Enter" ? "Return" : key)[0].key());
+            }
+        }
+        QCOMPARE(detailedList.isVisible(), opened == "detailed list");
+        QCOMPARE(regulations.isVisible(), opened == "regulations");
+        QCOMPARE(descriptions.isVisible(), opened == "descriptions");
+        QCOMPARE(interactions.isVisible(), opened == "interactions");
+        QCOMPARE(permanentCalls, opened.startsWith("permanent") ? QList<bool>{true} : QList<bool>{});
+    }
+
+    void parametersChooseWhatOpens_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<bool>("picture");
+        QTest::addColumn<QString>("opened");
+        QTest::newRow("none") << QStringList{} << true << QString();
+        QTest::newRow("-gy") << QStringList{"-gy"} << false << QString("Gylist");
+        QTest::newRow("-r") << QStringList{"-r"} << false << QString("RefForm");
+        QTest::newRow("-a") << QStringList{"-a"} << false << QString("permanent");
+        QTest::newRow("upper-case -GY") << QStringList{"-GY"} << true << QString();
+        QTest::newRow("-gy second") << QStringList{"x", "-gy"} << true << QString();
+    }
+
+    void parametersChooseWhatOpens()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(bool, picture);
+        QFETCH(QString, opened);
+        TMain main(arguments);
+        QWidget descriptions, detailedList;
+        QList<bool> permanentCalls;
+        main.attachWindow(TMain::Window::Gylist, &descriptions);
+        main.attachWindow(TMain::Window::RefForm, &detailedList);
+        main.attachPermanentDrugs([&](bool setListMode) { permanentCalls.append(setListMode); });
+        main.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&main));
+        auto* RG1 = control<QLabel>(main, "RG1");
+        QCOMPARE(RG1->isVisible(), picture);
+        QCOMPARE(!RG1->pixmap().isNull(), picture);
+        QCOMPARE(main.centralWidget()->height(), picture ? 400 : 0);
+        QCOMPARE(descriptions.isVisible(), opened == "Gylist");
+        QCOMPARE(detailedList.isVisible(), opened == "RefForm");
+        QCOMPARE(permanentCalls, opened == "permanent" ? QList<bool>{false} : QList<bool>{});
+        QCOMPARE(main.PicCount, 1);  // Rg0.jpg and Rg1.jpg; r1.jpg and r2.jpg do not count
+    }
+
+    // What the window does at start with the database's age (DatabaseAge_test), the registry
+    // (RegistrySettings_test) and the title picture: its title and its messages; start-up goes on.
+    void startShowsTheTitleAndSaysWhatIsWrong_data()
+    {
+        QTest::addColumn<StartChange>("change");
+        QTest::addColumn<QStringList>("shown");
+        QTest::newRow("clean profile") << StartChange::None << QStringList{};
+        QTest::newRow("year-old database")
+            << StartChange::OldDatabase
+            << QStringList{"Az adatbázis sokat veszített aktualitásából,\n        frissítse a programot."};
+        QTest::newRow("registry key without value")
+            << StartChange::KeyWithoutValue << QStringList{"A rendszer nem találja a megadott fájlt."};
+        QTest::newRow("missing title picture")
+            << StartChange::NoTitlePicture << QStringList{"A(z) \"Rg0.jpg\" kép nem tölthető be."};
+    }
+
+    void startShowsTheTitleAndSaysWhatIsWrong()
+    {
+        QFETCH(StartChange, change);
+        QFETCH(QStringList, shown);
+        if (change == StartChange::OldDatabase) {
+            QFile file(QString::fromStdString((m_start->data.path() / "gy.ful").string()));
+            QVERIFY(file.open(QIODevice::ReadWrite));
+            QVERIFY(file.setFileTime(QDateTime::currentDateTime().addMonths(-12),
+                                     QFileDevice::FileModificationTime));
+        } else if (change == StartChange::KeyWithoutValue) {
+            m_start->profile.directory().write("registry.ini", "[Software\\Rovanel\\CheckUpg]\r\n");
+        } else if (change == StartChange::NoTitlePicture) {
+            m_start->data.remove("Rg0.jpg");
+        }
+        TMain main({});
+        QCOMPARE(main.windowTitle(), change == StartChange::OldDatabase
+                                         ? "Rovanel - 20261101 Lezárva:2026.11.01 - Az adatbázis sokat "
+                                           "veszített aktualitásából! "
+                                         : "Rovanel - 20261101 Lezárva:2026.11.01");
+        QCOMPARE(main.ClosingDate, std::string("20261101"));
+        QCOMPARE(messages(), shown);
+        QCOMPARE(m_start->messages.captions(), QStringList(shown.size(), "Rovanel"));
+        QVERIFY(main.UpgChecked);  // set at creation whatever CheckUpg says; FormShow clears it
+        if (change == StartChange::None)
+            QVERIFY(m_start->profile.directory().read("registry.ini").find("CheckUpg=dword:1") !=
+                    std::string::npos);
+        main.show();
+        QVERIFY(main.menuBar()->isVisible());
+        QVERIFY(!main.UpgChecked);
     }
 
     // The data root: "--data DIR" or ROVANEL_DATA_DIR alone, else the working directory, then the user's
@@ -307,17 +285,16 @@ private slots:
         QStringList arguments{"-gy"};
         if (given == "option") arguments = QStringList{"--data", named, "-gy"};
 
-        const bool entered = enterDataRoot(arguments);
-        QCOMPARE(arguments, QStringList{"-gy"});
         const QStringList searched =
             given.isEmpty() ? QStringList{QDir::currentPath(), userFolder} : QStringList{named};
-        if (givenHoldsDatabase || (given.isEmpty() && userFolderHoldsDatabase)) {
-            QVERIFY(entered);
+        const bool found = givenHoldsDatabase || (given.isEmpty() && userFolderHoldsDatabase);
+        QCOMPARE(enterDataRoot(arguments), found);
+        QCOMPARE(arguments, QStringList{"-gy"});
+        if (found) {
             QCOMPARE(QDir::currentPath(), given.isEmpty() ? userFolder : named);
             QVERIFY(messages().isEmpty());
             return;
         }
-        QVERIFY(!entered);
         // The places looked at; the whole text is checked by
         // DataRoot.MissingDatabaseOffersTheInstalledCopies.
         QCOMPARE(messages().size(), 1);

@@ -8,7 +8,6 @@
 #include <QList>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <memory>
 
 class LoopbackHttpServer : public QTcpServer
 {
@@ -58,24 +57,12 @@ private:
                           "\r\nContent-Length: " + QByteArray::number(body.size()) +
                           "\r\nConnection: close\r\n\r\n" + body);
             socket->disconnectFromHost();
-        } else if (behaviour == Behaviour::Flood) {
-            flood(socket);
+        } else if (behaviour == Behaviour::Flood) {  // ten megabytes, beginning with three lines
+            constexpr int kFloodBytes = 10 * 1024 * 1024;
+            socket->write(
+                "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(kFloodBytes) + "\r\n\r\n" +
+                QByteArray("20261201\r\n2026.12.01\r\nwww.rovanel.hu\r\n").leftJustified(kFloodBytes, 'x'));
         }
-    }
-    // Ten megabytes of 64 KiB pieces, each written when the one before has gone, beginning with three
-    // lines.
-    static void flood(QTcpSocket* socket)
-    {
-        constexpr qint64 kFloodBytes = 10 * 1024 * 1024;
-        socket->write("HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(kFloodBytes) + "\r\n\r\n");
-        const QByteArray piece =
-            QByteArray("20261201\r\n2026.12.01\r\nwww.rovanel.hu\r\n").leftJustified(64 * 1024, 'x');
-        auto sent = std::make_shared<qint64>(0);
-        const auto more = [socket, piece, sent] {
-            if (*sent < kFloodBytes && socket->bytesToWrite() == 0) *sent += socket->write(piece);
-        };
-        connect(socket, &QTcpSocket::bytesWritten, socket, more);
-        more();
     }
 
     QHash<QTcpSocket*, QByteArray> m_requests;

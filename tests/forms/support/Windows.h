@@ -1,28 +1,82 @@
 // What a window test opens its window on (a shared state over a database folder) and the window itself,
 // shown, in a fresh user profile, with every message it shows recorded. A window test includes this
-// header alone: it brings the driver (Controls.h) and the catches of prints and help (Capture.h).
+// header alone: it brings the driver and the catches of prints and help (Controls.h).
 //   On<TKh> form(database);
 //   click(form, "Ellenoriz");
 //   QCOMPARE(form.messages.texts(), QStringList{"..."});
 #pragma once
 
 #include <QDir>
+#include <QStringList>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
+#include "app/forms/ShowMessage.h"
 #include "db/Cp1250.h"
 #include "db/MessageCatalog.h"
 #include "db/MessageTable.h"
 #include "db/SharedState.h"
 #include "tests/fixtures/Databases.h"
-#include "tests/forms/support/Capture.h"
 #include "tests/forms/support/Controls.h"
-#include "tests/forms/support/MessageRecorder.h"
-#include "tests/forms/support/UserProfile.h"
 #include "tests/support/EngineDatabase.h"
+#include "tests/support/ScopedEnvironment.h"
 #include "tests/support/ScratchDirectory.h"
+
+// Records every message a window shows instead of opening a modal box, for as long as it lives.
+class MessageRecorder
+{
+public:
+    MessageRecorder()
+        : m_previous(setMessageShower(
+              [this](QWidget*, const rovanel::Message& shown) { m_messages.push_back(shown); }))
+    {
+    }
+    ~MessageRecorder() { setMessageShower(m_previous); }
+    MessageRecorder(const MessageRecorder&) = delete;
+    MessageRecorder& operator=(const MessageRecorder&) = delete;
+
+    // The messages in the order shown, as the core gave them (Windows-1250).
+    [[nodiscard]] const std::vector<rovanel::Message>& messages() const { return m_messages; }
+    // Their texts and captions converted to Unicode.
+    [[nodiscard]] QStringList texts() const { return converted(&rovanel::Message::text); }
+    [[nodiscard]] QStringList captions() const { return converted(&rovanel::Message::caption); }
+    void clear() { m_messages.clear(); }
+    // The texts shown since the last take.
+    [[nodiscard]] QStringList take()
+    {
+        const QStringList shown = texts();
+        clear();
+        return shown;
+    }
+
+private:
+    [[nodiscard]] QStringList converted(std::string rovanel::Message::*part) const
+    {
+        QStringList result;
+        for (const rovanel::Message& message : m_messages)
+            result << QString::fromStdString(rovanel::cp1250ToUtf8(message.*part));
+        return result;
+    }
+    std::vector<rovanel::Message> m_messages;
+    MessageShower m_previous;
+};
+
+// A fresh per-user settings folder for one test: ROVANEL_CONFIG_DIR points at a scratch directory for
+// as long as the object lives, and gets its previous value (or absence) back afterwards.
+class UserProfile
+{
+public:
+    UserProfile() { m_environment.set("ROVANEL_CONFIG_DIR", m_directory.path().string()); }
+
+    [[nodiscard]] const rovanel::testing::ScratchDirectory& directory() const { return m_directory; }
+
+private:
+    rovanel::testing::ScratchDirectory m_directory;
+    rovanel::testing::ScopedEnvironment m_environment;
+};
 
 // A shared state over a database folder, its start-up tables loaded as the program loads them (without
 // user settings): a stored database (the demo or the real one), or a small one written for the test into
