@@ -510,7 +510,7 @@ TEST(HaKeres, Lists600WithoutAMessageAndStopsAtThe601st)
     EXPECT_FALSE(outcome.message);
     EXPECT_EQ(fixture.found.entries().size(), 600u);
 
-    // The message's text and empty caption are tst_Rvlist's.
+    // The message's text and empty caption are tst_Views's.
     outcome = HaKeres(fixture.tables, fixture.found, 1);
     EXPECT_TRUE(outcome.message);
     ASSERT_EQ(fixture.found.entries().size(), 600u);

@@ -111,7 +111,7 @@ const QString kNoFinding = "A vizsgálat nem talált kölcsönhatást és ellenj
 
 }  // namespace
 
-class TestRvlist : public QObject
+class TestViews : public QObject
 {
     Q_OBJECT
 private slots:
@@ -472,5 +472,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestRvlist)
-#include "tst_Rvlist.moc"
+QTEST_MAIN(TestViews)
+#include "tst_Views.moc"
