@@ -163,6 +163,17 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
          0, "1\ttkp1\t545\t455\tEU1234\n"},
         {"recommendation $SIX $FILES/beteg.ini --atc C08CA01 --date 2026.11.23.", 0,
          "1\tDatum\t60\t580\t2026.11.23.\n"},
+        // The catalogues and the check on the demo database, whose aids and formulary are the real ones.
+        {"aid $DEMO 1221030306006", 0,
+         "Solero Light 9.072 terápiás ápolási kerekesszék darab\n"
+         "Bruttó ár: 338294Ft\tTámogatás: 270635Ft\tTérítési díj: 67659Ft\n"},
+        {"aid $DEMO x", 1, "rvcli: no aid x in "},
+        {"aid-find $DEMO kerekes --names", 0,
+         "\nPIPER Comfort gyermek kerekesszék darab\t1221030306007\t884\n"},
+        {"fono $DEMO 1", 0, "title\tAuriguttae chloramphenicoli 1%\nrp\tRp.\n"},
+        {"fono $DEMO 99999", 1, "rvcli: no FoNo item 99999 in "},
+        {"verify $DEMO", 1, "11-character interaction code "},  // planted in every generated database
+        {"refresh", 2, "rvcli: usage: rvcli refresh DATADIR UPDATEDIR [--dry-run]\n"},
     };
     const Inputs inputs;
     for (const Case& c : cases) {
