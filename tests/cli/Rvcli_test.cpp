@@ -169,7 +169,7 @@ TEST(Rvcli, EachCommandParsesItsArgumentsExitsWithItsCodeAndPrintsItsFormat)
          "Bruttó ár: 338294Ft\tTámogatás: 270635Ft\tTérítési díj: 67659Ft\n"},
         {"aid $DEMO x", 1, "rvcli: no aid x in "},
         {"aid-find $DEMO kerekes --names", 0,
-         "\nPIPER Comfort gyermek kerekesszék darab\t1221030306007\t884\n"},
+         "Solero Light 9.072 terápiás ápolási kerekesszék darab\t1221030306006\t"},
         {"fono $DEMO 1", 0, "title\tAuriguttae chloramphenicoli 1%\nrp\tRp.\n"},
         {"fono $DEMO 99999", 1, "rvcli: no FoNo item 99999 in "},
         {"verify $DEMO", 1, "11-character interaction code "},  // planted in every generated database
